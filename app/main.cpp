@@ -1,19 +1,16 @@
+#include "app/batch_path.h"
+#include "shell/main_window.h"
+
 #include <QApplication>
 #include <QLocale>
-#include <QMainWindow>
+
+#include <clocale>
 
 namespace {
 
-// Batch path: patches a configuration from the command line (not built yet).
-int runBatch(const QStringList &)
-{
-    return 99;
-}
-
 int runInteractive()
 {
-    QMainWindow window;
-    window.setWindowTitle(QStringLiteral("Quva Modeler Config"));
+    QuvaCfgXMLEditor window;
     window.show();
     QObject::connect(qApp, &QApplication::lastWindowClosed, qApp, &QApplication::quit);
     return QApplication::exec();
@@ -29,12 +26,26 @@ void chooseHeadlessPlatform(int argc)
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+// "--help" and "--version" need no application object, and so no display.
+bool isInfoRequest(int argc, char *argv[])
+{
+    if (argc != 2)
+        return false;
+    const QStringList args{QString::fromLocal8Bit(argv[0]), QString::fromLocal8Bit(argv[1])};
+    return handleInfoOption(args);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    if (isInfoRequest(argc, argv))
+        return 0;
     chooseHeadlessPlatform(argc);
     QApplication app(argc, argv);
+    // The application object adopts the environment's C locale; the number
+    // readers of the files rely on the C library reading "0.5" as a half.
+    std::setlocale(LC_NUMERIC, "C");
     QLocale::setDefault(QLocale(QLocale::C, QLocale::AnyCountry));
     const QStringList args = QCoreApplication::arguments();
     // Entry 0 is the program's own path; "-d" there is the only way out of

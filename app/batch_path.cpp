@@ -1,0 +1,174 @@
+#include "app/batch_path.h"
+
+#include "core/batch_option_parse.h"
+#include "core/batch_options.h"
+#include "core/cfg_load.h"
+#include "core/cfg_model.h"
+#include "core/reporter.h"
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QMessageBox>
+
+#include <clocale>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+// Every message of the batch path reaches its caller on standard error as
+// one line. The box is shown as well only where somebody can click it: on
+// the offscreen and minimal platforms nothing may wait for a click.
+class BatchReporter final : public Reporter
+{
+public:
+    void message(MessageIcon icon, const QString &title, const QString &text) override
+    {
+        stderrReporter.message(icon, title, text);
+        if (!hasDisplay())
+            return;
+        QMessageBox box(boxIcon(icon), title, text, QMessageBox::Ok);
+        box.exec();
+    }
+
+    void setBusy(bool busy) override
+    {
+        if (!hasDisplay())
+            return;
+        if (busy)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    }
+
+private:
+    static bool hasDisplay()
+    {
+        const QString platform = QGuiApplication::platformName();
+        return qobject_cast<QApplication *>(QCoreApplication::instance())
+               && platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+    }
+
+    static QMessageBox::Icon boxIcon(MessageIcon icon)
+    {
+        switch (icon) {
+        case MessageIcon::Information: return QMessageBox::Information;
+        case MessageIcon::Warning: return QMessageBox::Warning;
+        case MessageIcon::Critical: break;
+        }
+        return QMessageBox::Critical;
+    }
+
+    StderrReporter stderrReporter;
+};
+
+// Installs the batch reporter for the length of the batch path.
+class ReporterScope
+{
+public:
+    explicit ReporterScope(Reporter *r) { setReporter(r); }
+    ~ReporterScope() { setReporter(nullptr); }
+    ReporterScope(const ReporterScope &) = delete;
+    ReporterScope &operator=(const ReporterScope &) = delete;
+};
+
+const char usageText[] =
+    "Usage:\n"
+    "  quva-cfg-editor [FILE]                    open FILE, or nothing, in the editor\n"
+    "  quva-cfg-editor FILE OPTION [OPTION...]   patch FILE and exit (batch)\n"
+    "  quva-cfg-editor --help | --version\n"
+    "\n"
+    "FILE is a .CfgXML; \".CfgXML\" is appended when the name does not end in it.\n"
+    "The batch path applies the options in order, a later one overriding an\n"
+    "earlier one, and writes FILE back. The first refused option stops it and\n"
+    "nothing is written. Messages go to standard error.\n"
+    "\n"
+    "Options:\n"
+    "  -AUCMAX=v          maximum univariate AUC, in percent (letters in any case)\n"
+    "  -I=pattern         ignore the matching columns\n"
+    "  -A=pattern         make the matching columns active\n"
+    "  -F=pattern         set the matching columns to the state 'F'\n"
+    "                     -I -A -F match case-sensitively, -i -a -f in any case\n"
+    "  -W=pattern         weight: the last variable whose label matches\n"
+    "                     (-W case-sensitive, -w in any case)\n"
+    "  -T=pattern         target column: the last variable whose label matches,\n"
+    "  -TC=pattern        in any case\n"
+    "  -TE=nums;strs;expr target expression; nums and strs are comma-separated\n"
+    "                     names of numeric and text input variables\n"
+    "  -LF=path           line selection from a file\n"
+    "  -LE=nums;strs;expr line selection expression, like -TE\n"
+    "  -p1=v  -p2=v       the two points of the AUC weighting\n"
+    "  -pr=n              pruning mode (0 none, 1 importances, 2 fast, 3 slow)\n"
+    "  -pa=v              alpha of the elastic net\n"
+    "  -pl=v              lambda\n"
+    "  -pe=v;pattern      penalty factor v on the matching columns\n"
+    "  -cpu=n             number of processors\n"
+    "  -cm=v;pattern      center missings (v not 0) on the variables whose name\n"
+    "                     matches\n"
+    "  -seed=n            random seed\n"
+    "  -mn=text  -mo=text minimum modality size of nominal / ordered variables\n"
+    "  -mi=v              allowed AUC loss in pruning\n"
+    "  -mm=n              memory for the learning and test sets, MB\n"
+    "  -md=v              maximum target density\n"
+    "  -mt=v              maximum test set size\n"
+    "  -mv=v;pattern      minimum modality size of the variables whose name matches\n"
+    "\n"
+    "Patterns are wildcards (* ? [...]) matching the whole text: the column name\n"
+    "group.kind.label[.modality] for -I -A -F -pe, the variable's label for -W -T,\n"
+    "its name for -cm -mv; -pe -T -cm -mv match in any case. Numbers that are no\n"
+    "numbers count as 0; integer fields take the number truncated.\n"
+    "\n"
+    "Exit status: 0 done (also when the file could not be written),\n"
+    "99 the file could not be loaded or an option was refused.\n";
+
+void printOut(const QByteArray &text)
+{
+    std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
+    std::fflush(stdout);
+}
+
+} // namespace
+
+bool handleInfoOption(const QStringList &args)
+{
+    if (args.size() != 2)
+        return false;
+    if (args.at(1) == QLatin1String("--help")) {
+        printOut(QByteArray(usageText));
+        return true;
+    }
+    if (args.at(1) == QLatin1String("--version")) {
+        printOut(QByteArray("quva-cfg-editor " QUVA_VERSION "\n"));
+        return true;
+    }
+    return false;
+}
+
+int runBatch(const QStringList &args)
+{
+    // The application object has taken the C library's locale from the
+    // environment; files are read with strtod-like calls, and in a locale
+    // with a decimal comma "0.85" would read as 0. Numbers are always C here.
+    std::setlocale(LC_NUMERIC, "C");
+    BatchReporter batchReporter;
+    ReporterScope scope(&batchReporter);
+
+    std::unique_ptr<CfgModel> cfg(loadCfgFile(nullptr, args.value(1), true, false, QString()));
+    if (!cfg) {
+        reportMessage(MessageIcon::Critical, QStringLiteral("Loading .CfgXML file"),
+                      QStringLiteral("error loading .CfgXML file"));
+        return 99;
+    }
+    for (int i = 2; i < args.size(); ++i) {
+        const BatchOptionResult result = applyBatchOption(*cfg, args.at(i));
+        if (result.outcome == BatchOutcome::Refused) {
+            reportMessage(MessageIcon::Critical, QStringLiteral("Quva CfgXML Editor Error"),
+                          batchRefusalMessage(result.refusal, args.at(i)));
+            return 99;
+        }
+    }
+    // No window: the record's working space stays as it was read. Whether
+    // the write succeeded does not change the exit code.
+    saveCfgFile(*cfg, nullptr);
+    return 0;
+}

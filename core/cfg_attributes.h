@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+struct CfgModel;
+
+// The attributes of the QUV_Config element, in the order the writer puts
+// them out. The reader takes the same list; the member default of each field
+// is what an absent attribute gives, except for AUCmax (see its kind).
+struct CfgRootAttribute
+{
+    enum Kind {
+        Integer,     // plain decimal
+        Number,      // the stream form of a double
+        Text,        // written as held, unescaped
+        EscapedText, // written escaped
+        AucMax,      // percent in the record, a fraction in the file
+    };
+    const char *name;
+    Kind kind;
+    int CfgModel::*integer;
+    double CfgModel::*number;
+    QString CfgModel::*text;
+};
+
+extern const CfgRootAttribute cfgRootAttributes[];
+extern const int cfgRootAttributeCount;
+
+// The file value of AUCmax when absent, as a fraction.
+constexpr double defaultAUCmaxFraction = 0.85;

@@ -1,0 +1,160 @@
+#include "core/cfg_load.h"
+
+#include "core/cfg_model.h"
+#include "core/reporter.h"
+#include "core/window_place.h"
+#include "core/window_query.h"
+
+#include "xml/text_convert.h"
+#include "xml/xml_node.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdlib>
+
+namespace {
+
+const QString errorTitle = QStringLiteral(".CfgXML error");
+
+// The wait cursor of one load. It goes off before any message, so that the
+// user is not shown a box under a busy cursor, and at the latest on return.
+class WaitCursor
+{
+public:
+    WaitCursor() { reporter()->setBusy(true); }
+    ~WaitCursor() { restore(); }
+    WaitCursor(const WaitCursor &) = delete;
+    WaitCursor &operator=(const WaitCursor &) = delete;
+
+    void restore()
+    {
+        if (on_) {
+            on_ = false;
+            reporter()->setBusy(false);
+        }
+    }
+
+private:
+    bool on_ = true;
+};
+
+CfgModel *fail(WaitCursor &cursor, bool showErrors, const QString &text)
+{
+    cursor.restore();
+    if (showErrors)
+        reportMessage(MessageIcon::Critical, errorTitle, text);
+    return nullptr;
+}
+
+// 0: go on; anything else: another window has the file.
+int askOtherWindow(QObject *window, const QString &path)
+{
+    return windowQuery()->checkAlreadyOpen(window, QStringLiteral("Quva"), path,
+                                           QStringLiteral("Quva Cfg XML Editor Warning"));
+}
+
+CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QString &descPath,
+                      bool showErrors, WaitCursor &cursor)
+{
+    const QString readPath = resolveDescPath(descPath, cfgPath);
+    const XmlNode descRoot = readXmlFile(readPath, "DESCRIPTION");
+    if (descRoot.isEmpty())
+        return fail(cursor, showErrors,
+                    QStringLiteral("error: Empty Description file'") + readPath
+                        + QStringLiteral("'?"));
+    DescModel *desc = new DescModel(descPath, descRoot);
+    if (desc->columnCount() == 0) {
+        delete desc;
+        return fail(cursor, showErrors,
+                    QStringLiteral("error in Description file'") + readPath + QLatin1Char('\''));
+    }
+    // Every description carries a default configuration; a new one starts from it.
+    const XmlNode root = cfgRoot.isEmpty() ? descRoot.childNode("QUV_Config") : cfgRoot;
+    if (root.isEmpty()) {
+        delete desc;
+        cursor.restore();
+        return nullptr;
+    }
+    CfgModel *model = new CfgModel(desc, cfgPath, root);
+    cursor.restore();
+    return model;
+}
+
+} // namespace
+
+CfgModel *loadCfgFile(QObject *window, QString path, bool showErrors, bool askOtherWindows,
+                      const QString &currentPath)
+{
+    WaitCursor cursor;
+    if (path.isEmpty())
+        return fail(cursor, showErrors, QStringLiteral("Error: null Cfg file?"));
+    path = QFileInfo(path).absoluteFilePath();
+    if (askOtherWindows && path != currentPath) {
+        const int answer = askOtherWindow(window, path);
+        if (answer == 1)
+            return nullptr;
+        if (answer == 2)
+            std::exit(0); // the other window has taken over the file
+    }
+    if (!path.endsWith(QLatin1String(".CfgXML")))
+        path += QLatin1String(".CfgXML");
+    const XmlNode root = readXmlFile(path, "QUV_Config");
+    const QString descPath = QString::fromUtf8(root.childNode("DescriptionFile").textAt(0));
+    if (root.isEmpty() || descPath.isEmpty())
+        return fail(cursor, showErrors, QStringLiteral("Error: Cfg file not loaded"));
+    restoreWorkingSpace(window, root);
+    return buildModels(root, path, descPath, showErrors, cursor);
+}
+
+CfgModel *loadDescFile(QObject *window, QString path, bool showErrors, bool askOtherWindows,
+                       const QString &currentPath)
+{
+    WaitCursor cursor;
+    if (path.isEmpty())
+        return fail(cursor, showErrors, QStringLiteral("Error: null description file?"));
+    if (!path.endsWith(QLatin1String(".DescXML")))
+        path += QLatin1String(".DescXML");
+    if (!QFile::exists(path))
+        return fail(cursor, showErrors, QStringLiteral("Error: description file not found"));
+    const QFileInfo info(path);
+    path = info.absoluteFilePath();
+    // No separator between the folder and the name: a configuration lying
+    // beside its description is not found this way, and the description's
+    // default configuration takes over. Users have always seen it so.
+    QString sibling = info.absolutePath() + info.completeBaseName() + QLatin1String(".CfgXML");
+    XmlNode root;
+    if (QFile::exists(sibling)) {
+        if (askOtherWindows && sibling != currentPath && askOtherWindow(window, sibling) != 0)
+            return nullptr;
+        root = readXmlFile(sibling, "QUV_Config");
+    } else {
+        sibling.clear();
+    }
+    restoreWorkingSpace(window, root);
+    return buildModels(root, sibling, path, showErrors, cursor);
+}
+
+CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QString &descPath,
+                      bool showErrors)
+{
+    WaitCursor cursor;
+    return buildModels(cfgRoot, cfgPath, descPath, showErrors, cursor);
+}
+
+void restoreWorkingSpace(QObject *window, const XmlNode &cfgRoot)
+{
+    if (!window)
+        return;
+    const XmlNode space = cfgRoot.childNode("WorkingSpace");
+    int x = chk_atoi(space.attribute("x"), 200);
+    int y = chk_atoi(space.attribute("y"), 200);
+    const QSize desktop = desktopSize();
+    if (desktop.isValid() && (x > desktop.width() || y > desktop.height())) {
+        x = 200;
+        y = 200;
+    }
+    const int w = chk_atoi(space.attribute("w"), 500);
+    const int h = chk_atoi(space.attribute("h"), 400);
+    placeWindow(window, QSize(w, h), QPoint(x, y));
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+// One column of the engine, derived from a variable of the dataset. A
+// configuration addresses its per-column settings through these records.
+struct DatasetColumn
+{
+    QString name;     // the variable's name
+    QString label;    // the variable's label
+    QString modality; // label of the modality for a dummy column, empty otherwise
+    QString group;    // the variable's grpName
+    QString kind;     // "RTT", "PASSTHROUGH" or "Dummy"
+    char derived = 0; // 0 for the "RTT" column of a variable, 1 for the others
+    int loc = 0;      // column number over the whole dataset
+    double auc = -2.0;
+};
+
+// The identifier of a column on the command line and in the lists:
+// group.kind.label, and .modality when there is one.
+QString columnFullName(const DatasetColumn &column);

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "core/reporter.h"
+
+#include <QMessageBox>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+
+// Everything the window asks or tells in a modal box goes through askUser(),
+// and every file name it asks for through askOpenFileName() and
+// askSaveFileName(). A test installs a hook in their place and answers
+// itself, so that no modal dialog is ever left waiting for a user.
+
+struct UserQuestion
+{
+    QMessageBox::Icon icon;
+    QString title;
+    QString text;
+    QMessageBox::StandardButtons buttons;
+    QMessageBox::StandardButton defaultButton;
+};
+
+using QuestionHook = std::function<QMessageBox::StandardButton(const UserQuestion &)>;
+
+// What a file dialog was asked with; the hook answers the chosen name or an
+// empty text for a cancelled dialog.
+struct FileQuestion
+{
+    bool save;
+    QString caption;
+    QString directory;
+    QString filter;
+};
+
+using FileDialogHook = std::function<QString(const FileQuestion &)>;
+
+// Null hooks restore the real dialogs.
+void setQuestionHook(QuestionHook hook);
+void setFileDialogHook(FileDialogHook hook);
+
+QMessageBox::StandardButton askUser(QWidget *parent, const UserQuestion &question);
+QString askOpenFileName(QWidget *parent, const QString &caption, const QString &directory,
+                        const QString &filter);
+QString askSaveFileName(QWidget *parent, const QString &caption, const QString &directory,
+                        const QString &filter);
+
+// Shows the record layer's messages in boxes over the window and its waits
+// with the application's override cursor.
+class GuiReporter final : public Reporter
+{
+public:
+    explicit GuiReporter(QWidget *window = nullptr) : window(window) {}
+
+    void message(MessageIcon icon, const QString &title, const QString &text) override;
+    void setBusy(bool busy) override;
+
+private:
+    QPointer<QWidget> window;
+};

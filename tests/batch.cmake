@@ -1,0 +1,6 @@
+# Batch command line: the option reader and the wildcard matching on their
+# own, and the real executable run on copies of the files in data/batch.
+quva_add_test(tst_batch_match quva_core)
+quva_add_test(tst_batch_options quva_core)
+quva_add_test(tst_batch_cli)
+add_dependencies(tst_batch_cli quva-cfg-editor)

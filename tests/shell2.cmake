@@ -1,0 +1,2 @@
+quva_add_test(tst_undo_commands quva_edit)
+quva_add_test(tst_main_window quva_shell)
