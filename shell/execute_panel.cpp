@@ -1,4 +1,5 @@
 #include "shell/execute_panel.h"
+#include "shell/gui_reporter.h"
 
 #include "shell/settings.h"
 #include "ui_execute_panel.h"
@@ -75,8 +76,9 @@ void ExecutePanel::start(const QString &program, const QStringList &arguments,
                          const QString &directory, int taskNumber)
 {
     if (!allowRestart && isExecuting) {
-        QMessageBox::information(this, tr("Execution Log"),
-                                 tr("Abort the current execution first."));
+        askUser(this, {QMessageBox::Information, tr("Execution Log"),
+                       tr("Abort the current execution first."), QMessageBox::Ok,
+                       QMessageBox::Ok});
         return;
     }
     setRunning(true);

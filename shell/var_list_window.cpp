@@ -1,10 +1,10 @@
 #include "shell/var_list_window.h"
 
+#include "shell/gui_reporter.h"
 #include "shell/settings.h"
 
 #include <QCheckBox>
 #include <QFile>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -133,8 +133,8 @@ void VarListWindow::on_pbCancel_clicked()
 void VarListWindow::on_pbBrowse_clicked()
 {
     const QString start = leFilename->text().isEmpty() ? lastDir() : leFilename->text();
-    const QString name = QFileDialog::getOpenFileName(
-        this, tr("Choose file"), start, tr("Variable list file (*.txt);;All (*.*)"));
+    const QString name = askOpenFileName(this, tr("Choose file"), start,
+                                         tr("Variable list file (*.txt);;All (*.*)"));
     if (name.isEmpty())
         return;
     leFilename->setText(name);

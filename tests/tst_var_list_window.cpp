@@ -1,8 +1,8 @@
 #include "shell/var_list_window.h"
+#include "shell/gui_reporter.h"
 #include "shell/settings.h"
 
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -306,24 +306,25 @@ void tst_var_list_window::browseLoadsChosenFile()
     const QString path = writeFile("chosen\n");
     VarListWindow w;
     fileName(w)->setText(home.path());
-    whenModal([path](QWidget *modal) {
-        auto *dialog = qobject_cast<QFileDialog *>(modal);
-        QVERIFY(dialog);
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("Choose file"));
-        QCOMPARE(dialog->nameFilters(),
-                 (QStringList{"Variable list file (*.txt)", "All (*.*)"}));
-        dialog->selectFile(path);
-        static_cast<QDialog *>(dialog)->accept();
+    FileQuestion asked{};
+    setFileDialogHook([&asked, path](const FileQuestion &q) {
+        asked = q;
+        return path;
     });
     w.on_pbBrowse_clicked();
+    QVERIFY(!asked.save);
+    QCOMPARE(asked.caption, QStringLiteral("Choose file"));
+    QCOMPARE(asked.directory, home.path());
+    QCOMPARE(asked.filter, QStringLiteral("Variable list file (*.txt);;All (*.*)"));
     QCOMPARE(fileName(w)->text(), path);
     QCOMPARE(list(w)->toPlainText(), QStringLiteral("chosen"));
     QVERIFY(!QSettings("Brandolin", "QUV").contains("LastDir"));
 
     // A cancelled dialog changes nothing.
-    whenModal([](QWidget *modal) { qobject_cast<QDialog *>(modal)->reject(); });
+    setFileDialogHook([](const FileQuestion &) { return QString(); });
     w.on_pbBrowse_clicked();
     QCOMPARE(fileName(w)->text(), path);
+    setFileDialogHook(nullptr);
 }
 
 QTEST_MAIN(tst_var_list_window)
