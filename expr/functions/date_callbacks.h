@@ -1,0 +1,31 @@
+#pragma once
+
+#include "expr/functions/function_support.h"
+
+// The date and Elapsed-Time functions of the Fast parser. Each object holds
+// the ExprContext of the check, whose etOriginMs and dateFormat the check
+// prepared before evaluation. A date that cannot be read gives NULL for a
+// numeric result and the null string for a date result.
+
+QUVA_DECLARE_CONTEXT_FUNCTION(MuToET)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuToDate)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuETWeekNumber)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateWeekNumber)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuETDayOfWeek)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateDayOfWeek)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuETFirstDayOfYear)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateFirstDayOfYear)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuETAdd)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateAdd)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateTimeAdd)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDatePrint)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuETDiffInMonth)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuETDiffInYear)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateDiffInMonth)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateDiffInYear)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateDiffInDay)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateDiffInSecond)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateBefore)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateBeforeEqual)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateTimeBefore)
+QUVA_DECLARE_CONTEXT_FUNCTION(MuDateTimeBeforeEqual)

@@ -1,0 +1,176 @@
+// quva-expr: tries one expression on the two engines as the editor's check
+// does, and prints what the window would show and the value itself.
+//
+//   quva-expr [-n NAME=NUMBER]... [-s NAME=TEXT]... [--addn] [--seed N]
+//             [--date-format FORMAT] [--et-origin "yyyyMMdd hh:mm:ss"]
+//             [--et-unit 0..4] [--utc] EXPRESSION
+//
+// Standard output gets three lines: "engine: <label>", "check: <text>" and
+// "value: <type> <value>". A failure writes the engine's message to standard
+// error and exits with 1; a bad command line exits with 2.
+
+#include "expr/null_value.h"
+#include "expr/parser_facade.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+#include <QTextStream>
+#include <QVariant>
+
+#include <cstdio>
+
+namespace {
+
+struct ToolOptions
+{
+    QVector<InputVar> inputVars;
+    ExprContext context;
+    bool addN = false;
+    QString expression;
+    bool haveExpression = false;
+};
+
+QTextStream &out()
+{
+    static QTextStream stream(stdout);
+    return stream;
+}
+
+QTextStream &err()
+{
+    static QTextStream stream(stderr);
+    return stream;
+}
+
+const char usage[] =
+    "usage: quva-expr [-n NAME=NUMBER]... [-s NAME=TEXT]... [--addn] [--seed N]\n"
+    "                 [--date-format FORMAT] [--et-origin \"yyyyMMdd hh:mm:ss\"]\n"
+    "                 [--et-unit 0..4] [--utc] EXPRESSION\n";
+
+// NAME=VALUE into a variable; the number text "nan" binds NULL, and other
+// text that is no number binds 0, as the variable table does.
+bool addVariable(const QString &binding, bool isNumber, QVector<InputVar> *vars)
+{
+    const int equals = binding.indexOf(QLatin1Char('='));
+    if (equals <= 0)
+        return false;
+    InputVar var;
+    var.label = binding.left(equals);
+    var.column = QStringList(var.label);
+    var.isNumber = isNumber;
+    const QString value = binding.mid(equals + 1);
+    if (!isNumber)
+        var.stringValue = value;
+    else if (value == QLatin1String("nan"))
+        var.value = quva::nullValue();
+    else
+        var.value = QVariant(value).toDouble();
+    vars->append(var);
+    return true;
+}
+
+bool readInteger(const QString &text, qint32 *target)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    if (ok)
+        *target = value;
+    return ok;
+}
+
+// Reads the command line; false with a message for anything it cannot use.
+bool parseArguments(const QStringList &args, ToolOptions *options)
+{
+    ExprContext &c = options->context;
+    for (int i = 1; i < args.size(); ++i) {
+        const QString &arg = args.at(i);
+        const bool hasValue = i + 1 < args.size();
+        const QString value = hasValue ? args.at(i + 1) : QString();
+        bool ok = true;
+        if (arg == QLatin1String("-n") || arg == QLatin1String("-s")) {
+            ok = hasValue && addVariable(value, arg == QLatin1String("-n"), &options->inputVars);
+            ++i;
+        } else if (arg == QLatin1String("--addn")) {
+            options->addN = true;
+        } else if (arg == QLatin1String("--seed")) {
+            ok = hasValue && readInteger(value, &c.randomSeed);
+            ++i;
+        } else if (arg == QLatin1String("--date-format")) {
+            ok = hasValue;
+            c.dateFormatKind = 0;
+            c.dateFormatText = value;
+            ++i;
+        } else if (arg == QLatin1String("--et-origin")) {
+            ok = hasValue;
+            c.etOriginText = value;
+            ++i;
+        } else if (arg == QLatin1String("--et-unit")) {
+            ok = hasValue && readInteger(value, &c.etUnit);
+            ++i;
+        } else if (arg == QLatin1String("--utc")) {
+            c.useUtc = true;
+        } else if (!options->haveExpression && !(arg.startsWith(QLatin1String("--")))) {
+            options->expression = arg;
+            options->haveExpression = true;
+        } else {
+            ok = false;
+        }
+        if (!ok) {
+            err() << "quva-expr: cannot use the argument '" << arg << "'\n" << usage;
+            return false;
+        }
+    }
+    if (!options->haveExpression) {
+        err() << usage;
+        return false;
+    }
+    return true;
+}
+
+QString printedNumber(double d)
+{
+    if (quva::isNull(d))
+        return QStringLiteral("NULL");
+    return QString::number(d, 'g', 17);
+}
+
+QString quoted(const QString &text)
+{
+    if (text.isNull())
+        return QStringLiteral("nullS");
+    QString escaped = text;
+    escaped.replace(QLatin1String("\\"), QLatin1String("\\\\"));
+    escaped.replace(QLatin1String("\""), QLatin1String("\\\""));
+    return QLatin1Char('"') + escaped + QLatin1Char('"');
+}
+
+QString printedValue(const ExpressionCheck &check)
+{
+    switch (check.valueType.unicode()) {
+    case ' ': return QStringLiteral("none");
+    case 's': return QStringLiteral("s ") + quoted(check.text);
+    case 'v': return QStringLiteral("v void");
+    default: return QString(check.valueType) + QLatin1Char(' ') + printedNumber(check.number);
+    }
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    ToolOptions options;
+    if (!parseArguments(QCoreApplication::arguments(), &options))
+        return 2;
+    const ExpressionCheck check = checkExpressionCore(options.expression, options.addN,
+                                                      options.context, &options.inputVars);
+    out() << "engine: " << check.engineLabel << '\n';
+    out() << "check: " << check.valueText << '\n';
+    out() << "value: " << printedValue(check) << '\n';
+    out().flush();
+    if (check.failed) {
+        err() << check.message << '\n';
+        return 1;
+    }
+    return 0;
+}
