@@ -131,89 +131,102 @@ public:
     int mergeId;
 };
 
-// Sets several fields, each to its own new value; keeps the given text.
-// `targets` and `newValues` have the same length.
+// What the two vector commands share: the fields, their old values, undo,
+// and the merge test over the same pointers in the same order.
 template <typename T>
-class UpdateTemplateVectorCommand : public QUndoCommandPanel
+class VectorTargetsCommand : public QUndoCommandPanel
 {
 public:
-    UpdateTemplateVectorCommand(QVector<T *> targets, QVector<T> newValues, QString text,
-                                quint8 panel, bool mergeable, QUndoCommand *parent = nullptr)
+    void undo() override
+    {
+        for (int i = targets.size() - 1; i >= 0; --i)
+            *targets[i] = oldValues[i];
+    }
+    int id() const override { return mergeId; }
+
+    QVector<T *> targets;
+    QVector<T> oldValues;
+    int mergeId;
+
+protected:
+    VectorTargetsCommand(QVector<T *> targets, QString text, quint8 panel, bool mergeable,
+                         QUndoCommand *parent)
         : QUndoCommandPanel(std::move(text), panel, parent), targets(std::move(targets)),
-          newValues(std::move(newValues)), mergeId(commandMergeId(mergeable))
+          mergeId(commandMergeId(mergeable))
     {
         oldValues.reserve(this->targets.size());
         for (T *t : qAsConst(this->targets))
             oldValues.append(*t);
     }
 
-    void undo() override
+    // `other` as a command of the same class over the same targets, or null.
+    template <typename Same>
+    const Same *sameTargets(const QUndoCommand *other) const
     {
-        for (int i = targets.size() - 1; i >= 0; --i)
-            *targets[i] = oldValues[i];
+        auto *same = dynamic_cast<const Same *>(other);
+        return same && other->id() == id() && same->targets == targets ? same : nullptr;
     }
+};
+
+// Sets several fields, each to its own new value; keeps the given text.
+// `targets` and `newValues` have the same length.
+template <typename T>
+class UpdateTemplateVectorCommand : public VectorTargetsCommand<T>
+{
+public:
+    UpdateTemplateVectorCommand(QVector<T *> targets, QVector<T> newValues, QString text,
+                                quint8 panel, bool mergeable, QUndoCommand *parent = nullptr)
+        : VectorTargetsCommand<T>(std::move(targets), std::move(text), panel, mergeable, parent),
+          newValues(std::move(newValues))
+    {
+    }
+
     void redo() override
     {
-        for (int i = targets.size() - 1; i >= 0; --i)
-            *targets[i] = newValues[i];
+        for (int i = this->targets.size() - 1; i >= 0; --i)
+            *this->targets[i] = newValues[i];
     }
-    int id() const override { return mergeId; }
 
     bool mergeWith(const QUndoCommand *other) override
     {
-        auto *same = dynamic_cast<const UpdateTemplateVectorCommand<T> *>(other);
-        if (!same || other->id() != id() || same->targets != targets)
+        auto *same = this->template sameTargets<UpdateTemplateVectorCommand<T>>(other);
+        if (!same)
             return false;
         newValues = same->newValues;
         markGrouped(this);
         return true;
     }
 
-    QVector<T *> targets;
-    QVector<T> oldValues;
     QVector<T> newValues;
-    int mergeId;
 };
 
 // Sets several fields to one common new value; keeps the given text.
 template <typename T>
-class UpdateTemplateVector2Command : public QUndoCommandPanel
+class UpdateTemplateVector2Command : public VectorTargetsCommand<T>
 {
 public:
     UpdateTemplateVector2Command(QVector<T *> targets, T newValue, QString text, quint8 panel,
                                  bool mergeable, QUndoCommand *parent = nullptr)
-        : QUndoCommandPanel(std::move(text), panel, parent), targets(std::move(targets)),
-          newValue(newValue), mergeId(commandMergeId(mergeable))
+        : VectorTargetsCommand<T>(std::move(targets), std::move(text), panel, mergeable, parent),
+          newValue(newValue)
     {
-        oldValues.reserve(this->targets.size());
-        for (T *t : qAsConst(this->targets))
-            oldValues.append(*t);
     }
 
-    void undo() override
-    {
-        for (int i = targets.size() - 1; i >= 0; --i)
-            *targets[i] = oldValues[i];
-    }
     void redo() override
     {
-        for (int i = targets.size() - 1; i >= 0; --i)
-            *targets[i] = newValue;
+        for (int i = this->targets.size() - 1; i >= 0; --i)
+            *this->targets[i] = newValue;
     }
-    int id() const override { return mergeId; }
 
     bool mergeWith(const QUndoCommand *other) override
     {
-        auto *same = dynamic_cast<const UpdateTemplateVector2Command<T> *>(other);
-        if (!same || other->id() != id() || same->targets != targets)
+        auto *same = this->template sameTargets<UpdateTemplateVector2Command<T>>(other);
+        if (!same)
             return false;
         newValue = same->newValue;
         markGrouped(this);
         return true;
     }
 
-    QVector<T *> targets;
-    QVector<T> oldValues;
     T newValue;
-    int mergeId;
 };
