@@ -5,6 +5,8 @@
 #include <QLocale>
 
 #include <clocale>
+#include <cstring>
+#include <memory>
 
 namespace {
 
@@ -35,6 +37,42 @@ bool isInfoRequest(int argc, char *argv[])
     return handleInfoOption(args);
 }
 
+// The words of the command line that the GUI application object takes
+// for itself. Where one of them stands, only that object reads the line
+// as the user meant it.
+bool hasGuiOption(int argc, char *argv[])
+{
+    static const char *const guiOptions[] = {
+        "-platform", "-plugin", "-qwindow", "-reverse", "-session", "-style",
+        "-widgetcount", "-display", "-geometry", "-title", "-name", "-visual",
+        "-ncols", "-cmap", "-testability", "-qmljsdebugger", "-nograb", "-dograb",
+        "-sync", "-fn", "-font", "-bg", "-background", "-fg", "-foreground",
+        "-btn", "-button", "-im", "-inputstyle", "-graphicssystem"};
+    for (int i = 1; i < argc; ++i) {
+        for (const char *option : guiOptions) {
+            if (std::strncmp(argv[i], option, std::strlen(option)) == 0)
+                return true;
+        }
+    }
+    return false;
+}
+
+// The batch path shows its messages in boxes only where somebody can click
+// them. On the offscreen and minimal platforms no box is ever shown and no
+// screen is looked at, so the core application object serves it as well and
+// spares loading the platform, its fonts and its screens.
+bool batchNeedsNoGui(int argc, char *argv[])
+{
+    if (argc < 3 || std::strcmp(argv[0], "-d") == 0 || hasGuiOption(argc, argv))
+        return false;
+    QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    const int colon = platform.indexOf(':');
+    if (colon >= 0)
+        platform.truncate(colon);
+    platform = platform.toLower();
+    return platform == "offscreen" || platform == "minimal";
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -42,7 +80,11 @@ int main(int argc, char *argv[])
     if (isInfoRequest(argc, argv))
         return 0;
     chooseHeadlessPlatform(argc);
-    QApplication app(argc, argv);
+    std::unique_ptr<QCoreApplication> app;
+    if (batchNeedsNoGui(argc, argv))
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    else
+        app = std::make_unique<QApplication>(argc, argv);
     // The application object adopts the environment's C locale; the number
     // readers of the files rely on the C library reading "0.5" as a half.
     std::setlocale(LC_NUMERIC, "C");

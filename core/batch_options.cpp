@@ -17,9 +17,17 @@ const DescModel &description(const CfgModel &cfg)
 QVector<int> matchingColumns(const CfgModel &cfg, const BatchOption &o)
 {
     const DescModel &desc = description(cfg);
-    return matchFromLast(
-        desc.columns.size(), [&desc](int i) { return columnFullName(desc.columns.at(i)); },
-        BatchWildcard(o.pattern, o.patternCase), false);
+    // One buffer for all the names: it keeps its capacity from one column
+    // to the next.
+    QString name;
+    name.reserve(256);
+    const auto nameAt = [&desc, &name](int i) -> const QString & {
+        name.resize(0);
+        appendColumnFullName(name, desc.columns.at(i));
+        return name;
+    };
+    return matchFromLast(desc.columns.size(), nameAt, BatchWildcard(o.pattern, o.patternCase),
+                         false);
 }
 
 // Positions in the variable list whose label (or name) matches, last to first.

@@ -12,8 +12,24 @@
 #include <QFileInfo>
 
 #include <cstdlib>
+#include <vector>
 
 namespace {
+
+bool keepParsedTrees = false;
+
+// Reachable from here to the end of the process, and never destroyed: the
+// memory goes back to the system with the process, all at once.
+std::vector<XmlNode> *keptTrees = nullptr;
+
+void keepTree(const XmlNode &root)
+{
+    if (!keepParsedTrees || root.isEmpty())
+        return;
+    if (!keptTrees)
+        keptTrees = new std::vector<XmlNode>;
+    keptTrees->push_back(root);
+}
 
 const QString errorTitle = QStringLiteral(".CfgXML error");
 
@@ -59,6 +75,7 @@ CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QStr
 {
     const QString readPath = resolveDescPath(descPath, cfgPath);
     const XmlNode descRoot = readXmlFile(readPath, "DESCRIPTION");
+    keepTree(descRoot);
     if (descRoot.isEmpty())
         return fail(cursor, showErrors,
                     QStringLiteral("error: Empty Description file'") + readPath
@@ -100,6 +117,7 @@ CfgModel *loadCfgFile(QObject *window, QString path, bool showErrors, bool askOt
     if (!path.endsWith(QLatin1String(".CfgXML")))
         path += QLatin1String(".CfgXML");
     const XmlNode root = readXmlFile(path, "QUV_Config");
+    keepTree(root);
     const QString descPath = QString::fromUtf8(root.childNode("DescriptionFile").textAt(0));
     if (root.isEmpty() || descPath.isEmpty())
         return fail(cursor, showErrors, QStringLiteral("Error: Cfg file not loaded"));
@@ -133,6 +151,11 @@ CfgModel *loadDescFile(QObject *window, QString path, bool showErrors, bool askO
     }
     restoreWorkingSpace(window, root);
     return buildModels(root, sibling, path, showErrors, cursor);
+}
+
+void setKeepParsedTrees(bool keep)
+{
+    keepParsedTrees = keep;
 }
 
 CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QString &descPath,

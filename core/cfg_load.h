@@ -35,3 +35,9 @@ CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QStr
 // Gives `window` (may be null) the place of the WorkingSpace element of
 // `cfgRoot`; a position beyond the desktop falls back to 200, 200.
 void restoreWorkingSpace(QObject *window, const XmlNode &cfgRoot);
+
+// For a process that ends right after its work: while set, the trees that
+// the loads parse are kept to the end of the process instead of being freed
+// one string at a time when the load returns. Off by default; an editor that
+// loads file after file must leave it off.
+void setKeepParsedTrees(bool keep);

@@ -19,3 +19,5 @@ struct DatasetColumn
 // The identifier of a column on the command line and in the lists:
 // group.kind.label, and .modality when there is one.
 QString columnFullName(const DatasetColumn &column);
+// The same name appended to `out`, for callers that reuse one buffer.
+void appendColumnFullName(QString &out, const DatasetColumn &column);

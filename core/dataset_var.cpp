@@ -3,9 +3,11 @@
 #include "xml/text_convert.h"
 #include "xml/xml_node.h"
 
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -26,19 +28,21 @@ QString dummyModality(int m, const QStringList *texts, const QStringList *labels
     return modality;
 }
 
-DatasetColumn makeColumn(const DatasetVar &var, const char *kind, char derived, int loc,
-                         double auc, const QString &modality = QString())
+// `kind` is a literal: the columns share its text instead of each holding
+// a copy of its own.
+void appendColumn(QVector<DatasetColumn> &records, const DatasetVar &var, const QString &kind,
+                  char derived, int loc, double auc, QString modality = QString())
 {
     DatasetColumn column;
     column.name = var.name;
     column.label = var.label;
-    column.modality = modality;
+    column.modality = std::move(modality);
     column.group = var.grpName;
-    column.kind = QLatin1String(kind);
+    column.kind = kind;
     column.derived = derived;
     column.loc = loc;
     column.auc = auc;
-    return column;
+    records.append(std::move(column));
 }
 
 } // namespace
@@ -66,10 +70,10 @@ void DatasetVar::readColumns(const XmlNode &col, const QStringList *texts,
                              const QStringList *labels, QVector<DatasetColumn> &records)
 {
     const double auc = chk_atof(col.attribute("auc"), -2.0);
-    records.append(makeColumn(*this, "RTT", 0, firstLoc, auc));
+    appendColumn(records, *this, QStringLiteral("RTT"), 0, firstLoc, auc);
     columnCount = 1;
     if (type == 'V') {
-        records.append(makeColumn(*this, "PASSTHROUGH", 1, firstLoc + 1, auc));
+        appendColumn(records, *this, QStringLiteral("PASSTHROUGH"), 1, firstLoc + 1, auc);
         columnCount = 2;
     }
     const XmlNode dummies = col.childNode("DUMMIES");
@@ -81,23 +85,51 @@ void DatasetVar::readColumns(const XmlNode &col, const QStringList *texts,
     for (int i = 0; i < count; ++i) {
         std::int32_t m;
         std::memcpy(&m, bytes + 4 * i, sizeof m);
-        records.append(makeColumn(*this, "Dummy", 1, firstLoc + columnCount, auc,
-                                  dummyModality(m, texts, labels)));
+        appendColumn(records, *this, QStringLiteral("Dummy"), 1, firstLoc + columnCount, auc,
+                     dummyModality(m, texts, labels));
         ++columnCount;
     }
 }
 
+namespace {
+
+// The text of arg(double) with its defaults, as QString::number gives it.
+// Whole limits below a million are their own six significant digits and
+// need no conversion of a double.
+QString limitText(double value)
+{
+    if (value > -1e6 && value < 1e6 && value != 0.0 && value == std::trunc(value))
+        return QString::number(static_cast<qlonglong>(value));
+    return QString::number(value);
+}
+
+} // namespace
+
 QStringList limitTexts(const double *limits, int count)
 {
     QStringList texts;
+    texts.reserve(count > 0 ? count : 1);
     texts.append(QString());
+    if (count < 2)
+        return texts;
+    // Each inner limit ends one interval and starts the next: its text is
+    // made once, and no format is scanned for its markers.
+    QString lower = limitText(limits[0]);
     for (int i = 1; i < count; ++i) {
-        const double a = limits[i - 1];
-        const double b = limits[i];
-        if (a != b)
-            texts.append(QStringLiteral("%1 <x<= %2").arg(a).arg(b));
-        else
-            texts.append(QStringLiteral("x=%1").arg(a));
+        QString upper = limitText(limits[i]);
+        QString text;
+        if (limits[i - 1] != limits[i]) {
+            text.reserve(lower.size() + 6 + upper.size());
+            text += lower;
+            text += QLatin1String(" <x<= ");
+            text += upper;
+        } else {
+            text.reserve(2 + lower.size());
+            text += QLatin1String("x=");
+            text += lower;
+        }
+        texts.append(text);
+        lower = std::move(upper);
     }
     return texts;
 }

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -91,6 +92,74 @@ private:
     QTemporaryDir dir;
 };
 
+// A virtual X server for the tests that must see whether a window is shown.
+// Stopped with the object.
+class VirtualDisplay
+{
+public:
+    VirtualDisplay()
+    {
+        const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
+        xwininfo = QStandardPaths::findExecutable(QStringLiteral("xwininfo"));
+        if (xvfb.isEmpty() || xwininfo.isEmpty())
+            return;
+        // The server picks a free display itself and writes its number.
+        server.start(xvfb, {"-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten",
+                            "tcp"});
+        if (!server.waitForStarted(10000))
+            return;
+        QByteArray number;
+        while (!number.contains('\n') && server.waitForReadyRead(15000))
+            number += server.readAllStandardOutput();
+        number = number.trimmed();
+        if (!number.isEmpty())
+            name = QStringLiteral(":") + QString::fromLatin1(number);
+    }
+
+    ~VirtualDisplay()
+    {
+        if (server.state() != QProcess::NotRunning) {
+            server.kill();
+            server.waitForFinished(5000);
+        }
+    }
+
+    bool isUp() const { return !name.isEmpty(); }
+
+    // Whether a window whose title begins with `title` is mapped on screen.
+    bool showsWindow(const QByteArray &title) const
+    {
+        const QByteArray tree = query({"-root", "-tree"});
+        for (const QByteArray &line : tree.split('\n')) {
+            const QByteArray trimmed = line.trimmed();
+            if (!trimmed.startsWith("0x") || !trimmed.contains(" \"" + title))
+                continue;
+            const QByteArray id = trimmed.left(trimmed.indexOf(' '));
+            if (query({"-id", QString::fromLatin1(id)}).contains("Map State: IsViewable"))
+                return true;
+        }
+        return false;
+    }
+
+    QString name;
+
+private:
+    QByteArray query(const QStringList &args) const
+    {
+        QProcess p;
+        p.start(xwininfo, QStringList{"-display", name} + args);
+        if (!p.waitForFinished(5000)) {
+            p.kill();
+            p.waitForFinished(2000);
+            return QByteArray();
+        }
+        return p.readAllStandardOutput();
+    }
+
+    QProcess server;
+    QString xwininfo;
+};
+
 // Runs the program on the offscreen platform, unless `offscreen` is false:
 // then the environment is taken as it is given.
 Run runEditor(const QStringList &args, const QString &workDir,
@@ -171,6 +240,8 @@ private slots:
     void infoOptions();
     void interactivePath_data();
     void interactivePath();
+    void windowOnDisplay_data();
+    void windowOnDisplay();
 };
 
 void tst_batch_cli::initTestCase()
@@ -506,6 +577,70 @@ void tst_batch_cli::interactivePath()
     QVERIFY2(!ended, process.readAllStandardError().constData());
     QCOMPARE(readAll(ws.cfgPath()), fixture(QLatin1String(cfgName)));
     QCOMPARE(modificationTime(ws.cfgPath()), ws.oldTime);
+}
+
+// The same choice seen on a real X display: the interactive path maps the
+// main window and waits; a file and one option patch the file and end
+// without ever mapping it.
+void tst_batch_cli::windowOnDisplay_data()
+{
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<bool>("interactive");
+    QTest::newRow("no argument") << QStringList() << true;
+    QTest::newRow("file alone") << QStringList{QLatin1String(cfgName)} << true;
+    QTest::newRow("file and one option") << QStringList{QLatin1String(cfgName), "-seed=7"}
+                                         << false;
+}
+
+void tst_batch_cli::windowOnDisplay()
+{
+    QFETCH(QStringList, args);
+    QFETCH(bool, interactive);
+    const VirtualDisplay display;
+    if (!display.isUp())
+        QSKIP("Xvfb and xwininfo are needed to look at the windows");
+    Workspace ws;
+    QVERIFY(ws.ok);
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    env.insert(QStringLiteral("DISPLAY"), display.name);
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    // The editor keeps its settings under the user's configuration folder.
+    env.insert(QStringLiteral("XDG_CONFIG_HOME"), ws.path(QStringLiteral("config")));
+    QProcess process;
+    process.setProcessEnvironment(env);
+    process.setWorkingDirectory(ws.folder());
+    process.start(editorPath(), args);
+    QVERIFY(process.waitForStarted(10000));
+
+    const QByteArray title("Quva Modeler Config");
+    bool shown = false;
+    bool ended = false;
+    QElapsedTimer clock;
+    clock.start();
+    // Long enough for the window to come up; the batch run ends well before.
+    while (clock.elapsed() < 20000 && !(interactive && shown) && !ended) {
+        ended = process.waitForFinished(200);
+        shown = shown || display.showsWindow(title);
+    }
+    if (!ended) {
+        process.kill();
+        process.waitForFinished(5000);
+    }
+    const QByteArray err = process.readAllStandardError();
+    if (interactive) {
+        QVERIFY2(shown, err.constData());
+        QVERIFY2(!ended, err.constData());
+        QCOMPARE(readAll(ws.cfgPath()), fixture(QLatin1String(cfgName)));
+        QCOMPARE(modificationTime(ws.cfgPath()), ws.oldTime);
+    } else {
+        QVERIFY2(ended, "the batch path did not end on its own");
+        QVERIFY2(!shown, "the batch path mapped the main window");
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+        QVERIFY2(messageLines(err).isEmpty(), err.constData());
+        QCOMPARE(readAll(ws.cfgPath()), fixture(QStringLiteral("seed_7.golden")));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_batch_cli)

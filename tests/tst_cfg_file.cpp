@@ -170,6 +170,8 @@ private slots:
     void lambdaLosesDigits();
     void saveTwiceSameBytes();
     void unknownTargetLabel();
+    void staleNamesSurviveLoadAndSave_data();
+    void staleNamesSurviveLoadAndSave();
     void lineSelectionOtherLetter();
     void saveKeepsRelativeDescription();
     void saveWatchesAndStamps();
@@ -519,6 +521,51 @@ void tst_cfg_file::unknownTargetLabel()
     QVERIFY(cfgFileBytes(*model).contains("<Target type='C'>Nobody &amp; co</Target>\n"));
     model->targetColumn = "   ";
     QVERIFY(cfgFileBytes(*model).contains("<Target type='C'></Target>\n"));
+}
+
+// Weight and Treatment hold labels in memory and names on disk. A name the
+// description no longer knows is kept as it stands, silently, so that a
+// stale file goes through a load and a save unchanged.
+void tst_cfg_file::staleNamesSurviveLoadAndSave_data()
+{
+    QTest::addColumn<QByteArray>("weight");
+    QTest::addColumn<QByteArray>("treatment");
+    QTest::addColumn<QString>("weightLabel");
+    QTest::addColumn<QString>("treatmentLabel");
+
+    QTest::newRow("both unknown") << QByteArray("stale_weight") << QByteArray("old_treatment")
+                                  << "stale_weight" << "old_treatment";
+    QTest::newRow("unknown weight, known treatment")
+        << QByteArray("stale_weight") << QByteArray("has_phone") << "stale_weight"
+        << "Has phone";
+    QTest::newRow("known weight") << QByteArray("income") << QByteArray() << "Monthly income"
+                                  << QString();
+}
+
+void tst_cfg_file::staleNamesSurviveLoadAndSave()
+{
+    QFETCH(QByteArray, weight);
+    QFETCH(QByteArray, treatment);
+    QFETCH(QString, weightLabel);
+    QFETCH(QString, treatmentLabel);
+    const QString dir = fixtureDir("stale_" + QString::fromLatin1(QTest::currentDataTag()));
+    const QString path = dir + "/stale.CfgXML";
+    QByteArray text = fileBytes(dataDir + "/defaults.CfgXML");
+    QByteArray tail = "</Target>\n <Weight>" + weight + "</Weight>\n";
+    if (!treatment.isEmpty())
+        tail += " <Treatment>" + treatment + "</Treatment>\n";
+    QCOMPARE(text.count("</Target>\n"), 1);
+    text.replace("</Target>\n", tail);
+    QVERIFY(writeFile(path, text));
+
+    std::unique_ptr<CfgModel> model(loadCfgFile(nullptr, path, true, false, QString()));
+    QVERIFY(model);
+    QCOMPARE(model->Weight, weightLabel);
+    QCOMPARE(model->Treatment, treatmentLabel);
+    QVERIFY2(recorder.messages.isEmpty(), qPrintable(recorder.messages.join('\n')));
+    QVERIFY(saveCfgFile(*model, nullptr));
+    COMPARE_BYTES(fileBytes(path), text);
+    QVERIFY2(recorder.messages.isEmpty(), qPrintable(recorder.messages.join('\n')));
 }
 
 void tst_cfg_file::lineSelectionOtherLetter()

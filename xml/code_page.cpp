@@ -1,5 +1,8 @@
 #include "xml/code_page.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace {
 
 // 0x80 to 0x9F; the rest of the page equals Latin-1.
@@ -25,6 +28,14 @@ bool isValidUtf8(const char *data, int size)
         const unsigned char b = p[i];
         if (b < 0x80) {
             ++i;
+            // Files are mostly ASCII: step over it eight bytes at a time.
+            std::uint64_t word;
+            while (i + 8 <= size) {
+                std::memcpy(&word, p + i, sizeof word);
+                if (word & 0x8080808080808080ull)
+                    break;
+                i += 8;
+            }
             continue;
         }
         int n = 0;

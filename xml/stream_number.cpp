@@ -1,5 +1,6 @@
 #include "xml/stream_number.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -21,8 +22,12 @@ struct Decomposed
 
 Decomposed decompose(double value)
 {
+    // The exponential form with five decimals, rounded as printf rounds it,
+    // without printf's parsing of a format and its locale.
     char text[64];
-    std::snprintf(text, sizeof text, "%.*e", significantDigits - 1, value);
+    const std::to_chars_result end = std::to_chars(
+        text, text + sizeof text - 1, value, std::chars_format::scientific, significantDigits - 1);
+    *end.ptr = 0;
     Decomposed d;
     const char *p = text;
     if (*p == '-') {
@@ -94,6 +99,15 @@ void appendStreamNumber(QByteArray &out, double value)
     }
     if (std::isinf(value)) {
         out.append(value < 0 ? "-inf" : "inf");
+        return;
+    }
+    // Whole numbers below a million, the most common values of a file, are
+    // their own six significant digits.
+    if (value > -1e6 && value < 1e6 && value == std::trunc(value) && value != 0.0) {
+        char digits[16];
+        const std::to_chars_result end =
+            std::to_chars(digits, digits + sizeof digits, static_cast<long>(value));
+        out.append(digits, int(end.ptr - digits));
         return;
     }
     const Decomposed d = decompose(value);

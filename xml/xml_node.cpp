@@ -8,6 +8,24 @@ const XmlNode xmlEmptyNode;
 
 namespace {
 
+// Names of a tree compared as the C library compares them without regard
+// to case. Most candidates differ in their first byte already; where both
+// first bytes are ASCII that is settled here without the call.
+bool sameName(const char *a, const char *b)
+{
+    const unsigned char x = static_cast<unsigned char>(a[0]);
+    const unsigned char y = static_cast<unsigned char>(b[0]);
+    if (x < 0x80 && y < 0x80) {
+        const unsigned char lx = x >= 'A' && x <= 'Z' ? x + 32 : x;
+        const unsigned char ly = y >= 'A' && y <= 'Z' ? y + 32 : y;
+        if (lx != ly)
+            return false;
+        if (x == 0)
+            return true;
+    }
+    return strcasecmp(a, b) == 0;
+}
+
 // Entries to allocate so that index `count` fits. During a parse the size
 // follows from the count alone: `step` entries at first, then count + step + 1
 // whenever (count + 1) is a multiple of `step`. Step 0 grows by one.
@@ -333,7 +351,7 @@ const char *XmlNode::attribute(const char *name, int *iterator) const
     if (!d || !name)
         return nullptr;
     for (int i = iterator ? *iterator : 0; i < d->attributeCount; ++i) {
-        if (strcasecmp(d->attributes[i].name, name) == 0) {
+        if (sameName(d->attributes[i].name, name)) {
             if (iterator)
                 *iterator = i + 1;
             return d->attributes[i].value;
@@ -363,7 +381,7 @@ XmlNode XmlNode::childNode(const char *name, int *iterator) const
         return XmlNode();
     for (int i = iterator ? *iterator : 0; i < d->childCount; ++i) {
         const char *childName = d->children[i]->name;
-        if (childName && strcasecmp(childName, name) == 0) {
+        if (childName && sameName(childName, name)) {
             if (iterator)
                 *iterator = i + 1;
             return XmlNode(d->children[i]);
@@ -387,7 +405,7 @@ int XmlNode::namedChildCount(const char *name) const
     int count = 0;
     for (int i = 0; d && name && i < d->childCount; ++i) {
         const char *childName = d->children[i]->name;
-        if (childName && strcasecmp(childName, name) == 0)
+        if (childName && sameName(childName, name))
             ++count;
     }
     return count;

@@ -72,8 +72,10 @@ const char *scanQuote(const char *open)
 
 const XmlClearTag *matchClearTag(const char *p)
 {
+    // Every opening of the table starts with '<' and one more byte; most
+    // tags differ from all of them there already.
     for (const XmlClearTag *row = xmlClearTags; row->opening; ++row)
-        if (strncmp(p, row->opening, row->length) == 0)
+        if (p[1] == row->opening[1] && strncmp(p, row->opening, row->length) == 0)
             return row;
     return nullptr;
 }
