@@ -1,3 +1,4 @@
+#include "expr/engine_fast/mup_package_str.h"
 #include "expr/engine_fast/mup_parser.h"
 #include "expr/null_value.h"
 
@@ -93,6 +94,7 @@ private slots:
     void strings();
     void log2IsTheQuotient();
     void powersMultiplyOut();
+    void strlenDescription();
 };
 
 // Each operator against its neighbours in the table, and associativity.
@@ -456,6 +458,18 @@ void tst_engine_fast_operators::powersMultiplyOut()
         f.parser.SetExpr(QStringLiteral("x^-2"));
         QCOMPARE(quva::toBits(f.parser.Eval().GetFloat()), quva::toBits(1.0 / square));
     }
+}
+
+// The help lists the package's own string functions with these texts.
+void tst_engine_fast_operators::strlenDescription()
+{
+    const FunStrLen strlenFun;
+    QCOMPARE(strlenFun.GetIdent(), QStringLiteral("strlen"));
+    QCOMPARE(strlenFun.GetArgc(), 1);
+    QCOMPARE(strlenFun.GetDesc(), QStringLiteral("strlen(s) - Returns the length of the string s."));
+    const FunStrToUpper upper;
+    QCOMPARE(upper.GetDesc(),
+             QStringLiteral("toupper(s) - Converts the string s to uppercase characters."));
 }
 
 QTEST_APPLESS_MAIN(tst_engine_fast_operators)

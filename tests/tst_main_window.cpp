@@ -552,6 +552,17 @@ void tst_main_window::recentListAtMostTen()
     QCOMPARE(w->cfg->cfgFileName, opened.at(4));
     QCOMPARE(settingsStringList(recentCfgXmlKey()).first(), opened.at(4));
     QCOMPARE(settingsStringList(recentCfgXmlKey()).size(), 10);
+
+    // A shorter list, written by another editor, renews only its own
+    // positions: the actions behind it are never hidden again.
+    const QString seventh = w->recentFileActions.at(7)->text();
+    QSettings("Brandolin", "QUV").setValue(recentCfgXmlKey(), QStringList{"/x/one", "/x/two"});
+    w->on_displayRecentFileList();
+    QCOMPARE(w->recentFileActions.at(0)->text(), QStringLiteral("/x/one"));
+    QCOMPARE(w->recentFileActions.at(1)->data().toString(), QStringLiteral("/x/two"));
+    QCOMPARE(w->recentFileActions.at(7)->text(), seventh);
+    for (QAction *a : w->recentFileActions)
+        QVERIFY(a->isVisible());
 }
 
 void tst_main_window::recentEntryOfMissingFileFails()

@@ -337,11 +337,25 @@ void tst_parser_facade::widgetLayerShowsTheFailure()
     QCOMPARE(edit.text(), QString());
     QCOMPARE(label.text(), QStringLiteral("??? parser"));
     QCOMPARE(shownMessages.size(), 1);
-    QVERIFY(shownMessages.first().contains(QLatin1String("Undefined token")));
+    QCOMPARE(shownMessages.first(), QStringLiteral("Undefined token \"y\" found at position 0\n"
+                                                   "  Error Token:y\n  Error at position:0"));
     // Without showDialog nothing is shown, and the result is the same.
     QVERIFY(checkExpression(false, QStringLiteral("y"), false, context, nullptr, &vars, nullptr,
                             &edit, &label));
     QCOMPARE(shownMessages.size(), 1);
+    // A string that only the second engine takes is no failure: no dialog.
+    QVERIFY(!checkExpression(true, QStringLiteral("\"abc\""), false, context, nullptr, &vars,
+                             nullptr, &edit, &label));
+    QCOMPARE(edit.text(), QStringLiteral("false"));
+    QCOMPARE(label.text(), QStringLiteral("Fast parser"));
+    QCOMPARE(shownMessages.size(), 1);
+    // An absent variable further in: the dialog names it with its position.
+    QVERIFY(checkExpression(true, QStringLiteral("k + absent"), false, context, nullptr, &vars,
+                            nullptr, &edit, &label));
+    QCOMPARE(shownMessages.size(), 2);
+    QVERIFY(shownMessages.last().startsWith(
+        QLatin1String("Undefined token \"absent\" found at position 4")));
+    QVERIFY(shownMessages.last().endsWith(QLatin1String("\n  Error at position:4")));
     setExpressionErrorDialog(nullptr);
 }
 
