@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <cmath>
 #include <memory>
 
 using namespace mup;
@@ -23,6 +24,21 @@ public:
     QString GetDesc() const override { return QStringLiteral("atan2(y,x) - test"); }
 };
 
+// Reads a text and then a position, as the string functions of the language
+// do, with the argument indexes.
+class Pick final : public CallbackImpl<Pick, ICallback>
+{
+public:
+    Pick() : CallbackImpl(cmFUNC, QStringLiteral("pick"), 2) {}
+    void Eval(IValue &ret, const IValue *const *args, int) override
+    {
+        const QString text = stringArgument(args, 0);
+        const double at = floatArgument(args, 1);
+        ret = text.mid(static_cast<int>(at), 1);
+    }
+    QString GetDesc() const override { return QStringLiteral("pick(s,i) - test"); }
+};
+
 struct Failure
 {
     bool thrown = false;
@@ -34,7 +50,7 @@ struct Failure
 
 struct Fixture
 {
-    Value a{1.0}, b{2.0}, c{3.0}, d{4.0}, s{"abc"};
+    Value a{1.0}, b{2.0}, c{3.0}, d{4.0}, s{"abc"}, t{"xy"};
     ParserX parser;
 
     Fixture()
@@ -44,7 +60,10 @@ struct Fixture
         parser.DefineVar(QStringLiteral("c"), Variable(&c));
         parser.DefineVar(QStringLiteral("d"), Variable(&d));
         parser.DefineVar(QStringLiteral("s"), Variable(&s));
+        parser.DefineVar(QStringLiteral("t"), Variable(&t));
+        parser.DefineConst(QStringLiteral("k"), Value("const"));
         parser.DefineFun(std::make_unique<TwoArgs>());
+        parser.DefineFun(std::make_unique<Pick>());
     }
 };
 
@@ -80,6 +99,9 @@ private slots:
     void messages();
     void allTemplates_data();
     void allTemplates();
+    void typeErrors_data();
+    void typeErrors();
+    void typeErrorOnLaterEvaluation();
     void replacementIsOnePass();
     void definitionErrors();
     void errorIsRaisedAgain();
@@ -207,6 +229,149 @@ void tst_engine_fast_errors::messages()
     const Failure f = failureOf(expr);
     QVERIFY(f.thrown);
     QCOMPARE(f.message, message);
+}
+
+// The type errors of evaluation name the value that has the wrong type: a
+// variable or a constant by its name, a literal by its text, a computed value
+// by its printed form; the position is where that value stands in the text, or
+// where the operator or function that computed it stands. Code 20 names the
+// operator at its own place.
+void tst_engine_fast_errors::typeErrors_data()
+{
+    QTest::addColumn<QString>("expr");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("pos");
+    QTest::addColumn<QString>("token");
+    QTest::addColumn<QString>("message");
+    auto row = [](const char *expr, int code, int pos, const char *token, const char *message) {
+        QTest::newRow(expr) << QString::fromUtf8(expr) << code << pos << QString::fromUtf8(token)
+                            << QString::fromUtf8(message);
+    };
+    const char *sToF = "Value \"s\" is of type 's'. There is no implicit conversion to type 'f'";
+    const char *sToB = "Value \"s\" is of type 's'. There is no implicit conversion to type 'b'";
+
+    // A variable as a function's argument.
+    row("sqrt(s)", 19, 5, "s", sToF);
+    row("1 + sqrt(s)", 19, 9, "s", sToF);
+    row("sqrt( s )", 19, 6, "s", sToF);
+    row("atan2(1, s)", 19, 9, "s", sToF);
+    row("atan2(s, 1)", 19, 6, "s", sToF);
+    row("atan2(a, t)", 19, 9, "t",
+        "Value \"t\" is of type 's'. There is no implicit conversion to type 'f'");
+    // The same variable twice: the first argument that is read fails.
+    row("atan2(s, s)", 19, 6, "s", sToF);
+    row("sqrt(s) + sqrt(s)", 19, 5, "s", sToF);
+    row("0 ? sqrt(s) : sqrt(s)", 19, 19, "s", sToF);
+    // One variable read as a text and as a number: the number is refused.
+    row("pick(s, s)", 19, 8, "s", sToF);
+    row("pick(s, 1 ? s : a)", 19, 12, "s", sToF);
+    row("pick(a, a)", 19, 5, "a",
+        "Value \"a\" is of type 'i'. There is no implicit conversion to type 's'");
+    // A variable chosen by a conditional keeps its own place.
+    row("sqrt(a > 0 ? s : 1)", 19, 13, "s", sToF);
+    row("sqrt(a < 0 ? 1 : s)", 19, 17, "s", sToF);
+    row("sqrt(a < 0 ? t : s)", 19, 17, "s", sToF);
+    row("sqrt(a > 0 ? t : s)", 19, 13, "t",
+        "Value \"t\" is of type 's'. There is no implicit conversion to type 'f'");
+    // A variable as an operand.
+    row("s ? 1 : 2", 19, 0, "s", sToB);
+    row("a + 1 > 0 && (s ? 1 : 2)", 19, 14, "s", sToB);
+    row("s && 1", 19, 0, "s", sToB);
+    row("1 || s", 19, 5, "s", sToB);
+    row("a || s", 19, 5, "s", sToB);
+    row("(int)s", 19, 5, "s", sToF);
+    row("(float)s", 19, 7, "s", sToF);
+    row("a == s", 19, 5, "s",
+        "Value \"s\" is of type 's'. There is no implicit conversion to type 'i'");
+    row("2 < s", 19, 4, "s",
+        "Value \"s\" is of type 's'. There is no implicit conversion to type 'i'");
+    row("1.5 < s", 19, 6, "s",
+        "Value \"s\" is of type 's'. There is no implicit conversion to type 'f'");
+    row("s < a", 19, 4, "a",
+        "Value \"a\" is of type 'i'. There is no implicit conversion to type 's'");
+    row("s < 2", 19, 4, "2",
+        "Value \"2\" is of type 'i'. There is no implicit conversion to type 's'");
+    // A constant by its name, a literal by its text, at their places.
+    row("sqrt(k)", 19, 5, "k",
+        "Value \"k\" is of type 's'. There is no implicit conversion to type 'f'");
+    row("1 + sqrt(\"ab\")", 19, 9, "ab",
+        "Value \"ab\" is of type 's'. There is no implicit conversion to type 'f'");
+    row("\"ab\" ? 1 : 2", 19, 0, "ab",
+        "Value \"ab\" is of type 's'. There is no implicit conversion to type 'b'");
+    row("a < 0 || \"x\" == 1", 19, 16, "1",
+        "Value \"1\" is of type 'i'. There is no implicit conversion to type 's'");
+    // A computed value by its printed form, at the place of what computed it.
+    row("sqrt(s // \"x\")", 19, 7, "abcx",
+        "Value \"abcx\" is of type 's'. There is no implicit conversion to type 'f'");
+    row("(s // t) && 1", 19, 3, "abcxy",
+        "Value \"abcxy\" is of type 's'. There is no implicit conversion to type 'b'");
+    row("sqrt(a > 0 ? s // t : 1)", 19, 15, "abcxy",
+        "Value \"abcxy\" is of type 's'. There is no implicit conversion to type 'f'");
+    row("(a > 0) < s", 19, 10, "s",
+        "Value \"s\" is of type 's'. There is no implicit conversion to type 'b'");
+    row("s < (a > 0)", 19, 7, "true",
+        "Value \"true\" is of type 'b'. There is no implicit conversion to type 's'");
+    // Code 20 names the operator or function, at its place.
+    row("s + 1", 20, 2, "+",
+        "Argument 1 of function/operator \"+\" is of type 's' whereas type 'f' was expected");
+    row("1 + s", 20, 2, "+",
+        "Argument 2 of function/operator \"+\" is of type 's' whereas type 'f' was expected");
+    row("a * (1 - s)", 20, 7, "-",
+        "Argument 2 of function/operator \"-\" is of type 's' whereas type 'f' was expected");
+    row("-s", 20, 0, "-",
+        "Argument 1 of function/operator \"-\" is of type 's' whereas type 'f' was expected");
+    row("s{k}", 20, 1, "{k}",
+        "Argument 1 of function/operator \"{k}\" is of type 's' whereas type 'f' was expected");
+    row("a // s", 20, 2, "//",
+        "Argument 1 of function/operator \"//\" is of type 'i' whereas type 's' was expected");
+}
+
+void tst_engine_fast_errors::typeErrors()
+{
+    QFETCH(QString, expr);
+    QFETCH(int, code);
+    QFETCH(int, pos);
+    QFETCH(QString, token);
+    QFETCH(QString, message);
+    const Failure f = failureOf(expr);
+    QVERIFY(f.thrown);
+    QCOMPARE(f.message, message);
+    QCOMPARE(f.code, code);
+    QCOMPARE(f.pos, pos);
+    QCOMPARE(f.token, token);
+}
+
+// A list that evaluated once names the variable the same way when its value
+// later takes a wrong type, and evaluates again once the type is right.
+void tst_engine_fast_errors::typeErrorOnLaterEvaluation()
+{
+    Fixture f;
+    f.parser.SetExpr(QStringLiteral("a > 1 ? sqrt(b) : 2 * sqrt(b)"));
+    QCOMPARE(f.parser.Eval().GetFloat(), 2.0 * std::sqrt(2.0));
+    f.b = QStringLiteral("text");
+    for (int i = 0; i < 2; ++i) {
+        try {
+            f.parser.Eval();
+            QFAIL("no error");
+        } catch (const ParserError &e) {
+            QCOMPARE(e.GetCode(), ecTYPE_CONFLICT);
+            QCOMPARE(e.GetToken(), QStringLiteral("b"));
+            QCOMPARE(e.GetPos(), 27);
+            QCOMPARE(e.GetMsg(), QStringLiteral("Value \"b\" is of type 's'. There is no "
+                                                "implicit conversion to type 'f'"));
+        }
+        f.a = 5.0;
+        try {
+            f.parser.Eval();
+            QFAIL("no error");
+        } catch (const ParserError &e) {
+            QCOMPARE(e.GetToken(), QStringLiteral("b"));
+            QCOMPARE(e.GetPos(), 13);
+        }
+        f.a = 1.0;
+    }
+    f.b = 4.0;
+    QCOMPARE(f.parser.Eval().GetFloat(), 4.0);
 }
 
 void tst_engine_fast_errors::allTemplates_data()

@@ -402,8 +402,8 @@ void tst_engine_fast_eval::variableChangesType()
     QVERIFY_EXCEPTION_THROWN(p.Eval(), ParserError);
 }
 
-// A value that a variable brought in has no place in the text; the error then
-// names the callback's place.
+// A value that a variable brought in is named after the variable, at the
+// variable's place in the text, even inside a larger expression.
 void tst_engine_fast_eval::errorPositionOfComputedValue()
 {
     Value s("abc");
@@ -415,9 +415,9 @@ void tst_engine_fast_eval::errorPositionOfComputedValue()
         QFAIL("no error");
     } catch (const ParserError &e) {
         QCOMPARE(e.GetCode(), ecTYPE_CONFLICT);
-        QCOMPARE(e.GetPos(), 4);
+        QCOMPARE(e.GetPos(), 9);
         QCOMPARE(e.GetMsg(),
-                 QStringLiteral("Value \"abc\" is of type 's'. There is no implicit conversion "
+                 QStringLiteral("Value \"s\" is of type 's'. There is no implicit conversion "
                                 "to type 'f'"));
         QCOMPARE(e.GetExpr(), QStringLiteral("1 + sqrt(s)"));
     }

@@ -35,6 +35,7 @@ private slots:
     void fastestKnowsItsNamesOnly_data();
     void fastestKnowsItsNamesOnly();
     void typeErrorNamesTheConversion();
+    void typeErrorNamesTheVariable();
 };
 
 void tst_functions_numeric::fastValues_data()
@@ -70,6 +71,11 @@ void tst_functions_numeric::fastValues_data()
     row("isTrue(\"y\")", "i 1");
     row("isTrue(\"1\")", "i 1");
     row("isTrue(\"p\\tq\")", "i 0");
+    row("isTrue(\"P\tx\")", "i 1"); // a real tab behind the letter
+    row("isTrue(\"o\")", "i 1");
+    row("isTrue(\"T\")", "i 1");
+    row("isTrue(\"x\")", "i 0");
+    row("isTrue(\" y\")", "i 0");
     row("isTrue(\"n\")", "i 0");
     row("isTrue(\"\")", "i 0");
     row("isTrue(_nullS)", "i 0");
@@ -189,6 +195,36 @@ void tst_functions_numeric::fastValues_data()
     row("codepoint(_nullS)", "f NULL");
     row("codepoint(1)", "error 19");
 
+    // A plain NaN is no NULL: it passes through the arithmetic of each function.
+    row("sqr(_nan)", "f nan");
+    row("ceil(_nan)", "f nan");
+    row("floor(_nan)", "f nan");
+    row("round(_nan)", "f nan");
+    row("floor2(_nan,2)", "f nan");
+    row("hdist(_nan,0,0,0)", "i 0");
+    row("finitevl(_nan,5)", "i 5");
+    row("finitevl2(_null,2,3)", "i 3");
+    row("nanvl2(_null,1,2)", "i 2");
+    row("isNumber(_nan)", "i 1");
+
+    // Every numeric argument goes through GetFloat, so a string is the type
+    // error of the engine, whichever argument it is.
+    row("ceil(\"a\")", "error 19");
+    row("floor(\"a\")", "error 19");
+    row("round(\"a\")", "error 19");
+    row("floor2(\"a\",2)", "error 19");
+    row("floor2(2,\"a\")", "error 19");
+    row("hdist(\"a\",0,0,0)", "error 19");
+    row("hdist(0,0,0,\"a\")", "error 19");
+    row("nDaysInMonth(\"a\",2000)", "error 19");
+    row("nDaysInMonth(2,\"a\")", "error 19");
+    row("rand(\"a\")", "error 19");
+    row("randN(\"a\")", "error 19");
+    row("nanvl2(\"a\",1,2)", "error 19");
+    row("finitevl2(\"a\",1,2)", "error 19");
+    row("isNull(1,2)", "error 17");
+    row("nvl(1)", "error 18");
+
     // The constants.
     row("_null", "f NULL");
     row("_nan", "f nan");
@@ -255,6 +291,8 @@ void tst_functions_numeric::fastestValues_data()
     row("atan2(_null,1)", "d NULL");
     // Strings exist here only for toET.
     row("isNull(\"a\")", "error");
+    row("ceil(\"a\")", "error");
+    row("nvl(1)", "error");
 }
 
 void tst_functions_numeric::fastestValues()
@@ -480,6 +518,35 @@ void tst_functions_numeric::typeErrorNamesTheConversion()
     QCOMPARE(evalFast(QStringLiteral("sqr(\"a\")"), nullptr, &message), QStringLiteral("error 19"));
     QVERIFY2(message.contains(QLatin1String("There is no implicit conversion to type 'f'")),
              qPrintable(message));
+}
+
+// A variable of the wrong type is named in the message, with its own place in
+// the text, whichever argument it is.
+void tst_functions_numeric::typeErrorNamesTheVariable()
+{
+    mup::Value s(QStringLiteral("abc"));
+    ExprContext context;
+    mup::ParserX parser(mup::pckALL_NON_COMPLEX);
+    registerFastFunctions(parser, &context);
+    parser.DefineVar(QStringLiteral("s"), mup::Variable(&s));
+    const struct
+    {
+        const char *expression;
+        int pos;
+    } rows[] = {{"sqr(s)", 4}, {"1 + sqr(s)", 8}, {"hdist(0, 0, 0, s)", 15}, {"floor2(s, s)", 7}};
+    for (const auto &row : rows) {
+        parser.SetExpr(QString::fromLatin1(row.expression));
+        try {
+            parser.Eval();
+            QFAIL(row.expression);
+        } catch (const mup::ParserError &e) {
+            QCOMPARE(int(e.GetCode()), 19);
+            QCOMPARE(e.GetToken(), QStringLiteral("s"));
+            QCOMPARE(e.GetPos(), row.pos);
+            QCOMPARE(e.GetMsg(), QStringLiteral("Value \"s\" is of type 's'. There is no implicit "
+                                                "conversion to type 'f'"));
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_functions_numeric)

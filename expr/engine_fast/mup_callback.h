@@ -101,6 +101,21 @@ inline double numericArg(const ICallback &callback, const IValue *const *args, i
     return v.number();
 }
 
+// Argument `index` (0-based, as in `args[index]`) read as GetFloat and
+// GetString read it, but a type error also carries the argument's index. A
+// callback that reads some arguments as numbers and others as strings uses
+// these: when one variable is passed in two places, the error can then name
+// the place that was refused rather than the first place where it stands.
+inline double floatArgument(const IValue *const *args, int index)
+{
+    return asValue(args[index]).GetFloatOfArg(index + 1);
+}
+
+inline QString stringArgument(const IValue *const *args, int index)
+{
+    return asValue(args[index]).GetStringOfArg(index + 1);
+}
+
 } // namespace mup
 
 namespace mup {

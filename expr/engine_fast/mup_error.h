@@ -10,6 +10,8 @@
 
 namespace mup {
 
+class IValue;
+
 // The message template of an error code, word for word; an empty text for a
 // code outside 0..46.
 QString errorTemplate(int code);
@@ -47,6 +49,14 @@ public:
     // callback reaches it without them.
     void SetPos(int pos) { m_context.Pos = pos; }
     void SetExpr(const QString &expr) { m_context.Expr = expr; }
+    void SetIdent(const QString &ident) { m_context.Ident = ident; }
+
+    // The value whose type a type error refused, so that the evaluation walk
+    // can tell which of its slots it is. Only ever compared with the walk's
+    // own pointers, never read through: the value may be gone by the time the
+    // error is caught elsewhere. The walk clears it.
+    const IValue *GetValue() const { return m_value; }
+    void SetValue(const IValue *value) { m_value = value; }
 
 private:
     static bool isField(const QString &field);
@@ -54,6 +64,7 @@ private:
 
     ErrorContext m_context;
     QString m_customMessage; // used instead of the template when not null
+    const IValue *m_value = nullptr;
 };
 
 } // namespace mup

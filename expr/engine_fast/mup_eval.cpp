@@ -58,14 +58,17 @@ void Evaluator::Prepare(const RPN &rpn)
     std::vector<int> stepOfToken(static_cast<size_t>(count) + 1);
     std::vector<int> tokenOfJump;
     m_steps.clear();
+    m_operands.clear();
     for (int k = 0; k < count; ++k) {
         Step step = stepOf(tokens[k]);
+        const IToken *operand = nullptr;
         stepOfToken[k] = static_cast<int>(m_steps.size());
         if (step.kind == skValue && k + 1 < count) {
             Step next = stepOf(tokens[k + 1]);
             if (next.kind > skBinary && next.kind < skBinaryValue) {
                 next.kind = static_cast<StepKind>(skBinaryValue + next.op);
                 next.value = step.value;
+                operand = step.token;
                 step = next;
                 stepOfToken[++k] = static_cast<int>(m_steps.size());
             }
@@ -73,7 +76,9 @@ void Evaluator::Prepare(const RPN &rpn)
         if (step.kind == skIf || step.kind == skElse)
             tokenOfJump.push_back(k);
         m_steps.push_back(step);
+        m_operands.push_back(operand);
     }
+    m_branchTaken.assign(m_steps.size(), 0);
     stepOfToken[count] = static_cast<int>(m_steps.size());
     fixJumps(stepOfToken, tokenOfJump);
 
@@ -82,6 +87,7 @@ void Evaluator::Prepare(const RPN &rpn)
     m_slots.resize(static_cast<size_t>(size));
     for (int i = 0; i < size; ++i)
         m_slots[i] = &m_store[i];
+    m_origins.assign(static_cast<size_t>(size), nullptr);
     m_resultIndex = rpn.GetResultIndex();
 }
 
@@ -144,6 +150,7 @@ const Value &Evaluator::Run()
     const int size = static_cast<int>(m_store.size());
     Value *store = m_store.data();
     IValue **slots = m_slots.data();
+    char *branchTaken = m_branchTaken.data();
     int sp = -1;
     int i = 0;
     try {
@@ -159,7 +166,9 @@ const Value &Evaluator::Run()
                 if (sp < 0)
                     stackError(step);
                 const double condition = asValue(slots[sp--]).GetBool();
-                if (quva::isNull(condition) || condition == 0.0)
+                const bool jump = quva::isNull(condition) || condition == 0.0;
+                branchTaken[i] = jump;
+                if (jump)
                     i += step.offset;
                 break;
             }
@@ -204,6 +213,9 @@ const Value &Evaluator::Run()
             }
         }
     } catch (ParserError &error) {
+        if (error.GetValue() && error.GetCode() == ecTYPE_CONFLICT && i < count)
+            nameTypeError(error, i);
+        error.SetValue(nullptr);
         if (error.GetPos() < 0 && i < count)
             error.SetPos(steps[i].token->GetExprPos());
         throw;
@@ -212,6 +224,110 @@ const Value &Evaluator::Run()
 }
 
 #undef MUP_BINARY_CASES
+
+// Walks the steps before `failing` again without computing anything, along
+// the branches that the last walk took, and notes in m_origins which token
+// filled each slot: a literal, a variable, or the callback that computed it.
+// Returns the stack position at the failing step, or -2 if the list does not
+// add up.
+int Evaluator::replayOrigins(int failing)
+{
+    const int size = static_cast<int>(m_origins.size());
+    int sp = -1;
+    for (int i = 0; i < failing; ++i) {
+        const Step &step = m_steps[i];
+        switch (static_cast<int>(step.kind)) {
+        case skValue:
+            ++sp;
+            break;
+        case skIf:
+            --sp;
+            if (m_branchTaken[i])
+                i += step.offset;
+            continue;
+        case skElse:
+            i += step.offset;
+            continue;
+        case skNothing:
+            continue;
+        case skSign:
+            break;
+        case skCallback:
+            sp += 1 - step.offset;
+            break;
+        default:
+            if (step.kind > skBinary && step.kind < skBinaryValue)
+                --sp;
+            break;
+        }
+        if (sp < 0 || sp >= size)
+            return -2;
+        m_origins[sp] = step.token;
+    }
+    return sp;
+}
+
+// A value refused by a type error knows its own name and place only if it is
+// a literal or a constant. The walk finds it among the arguments of the
+// failing step and names it after the token behind that slot: a variable by
+// its name, anything by the token's place. A computed value keeps its printed
+// form and takes the place of the operator or function that computed it. The
+// argument index, when the reader gave one, tells apart two places that hold
+// the same variable; otherwise the first place that holds the value is named.
+void Evaluator::nameTypeError(ParserError &error, int failing)
+{
+    const int sp = replayOrigins(failing);
+    if (sp < -1)
+        return;
+    const Step &step = m_steps[failing];
+    int first = sp;
+    int count = 1;
+    const IValue *extra = nullptr; // the operand that a skBinaryValue step took in
+    switch (static_cast<int>(step.kind)) {
+    case skIf:
+    case skSign:
+        break;
+    case skCallback:
+        count = step.offset;
+        first = sp + 1 - count;
+        break;
+    default:
+        if (step.kind > skBinary && step.kind < skBinaryValue) {
+            first = sp - 1;
+            count = 2;
+        } else if (step.kind > skBinaryValue) {
+            extra = step.value;
+        } else {
+            return;
+        }
+        break;
+    }
+    const int slotCount = extra ? count + 1 : count;
+    if (first < 0 || first + count > static_cast<int>(m_origins.size()))
+        return;
+    auto valueAt = [&](int k) -> const IValue * {
+        return k < count ? m_slots[first + k] : extra;
+    };
+    auto originAt = [&](int k) -> const IToken * {
+        return k < count ? m_origins[first + k] : m_operands[failing];
+    };
+    int found = -1;
+    const int arg = error.GetContext().Arg;
+    if (arg >= 1 && arg <= slotCount && valueAt(arg - 1) == error.GetValue())
+        found = arg - 1;
+    for (int k = 0; found < 0 && k < slotCount; ++k) {
+        if (valueAt(k) == error.GetValue())
+            found = k;
+    }
+    const IToken *origin = found >= 0 ? originAt(found) : nullptr;
+    if (!origin)
+        return;
+    if (origin->GetCode() == cmVAR || origin->GetCode() == cmVAL) {
+        if (!origin->GetIdent().isEmpty())
+            error.SetIdent(origin->GetIdent());
+    }
+    error.SetPos(origin->GetExprPos());
+}
 
 void Evaluator::stackError(const Step &step) const
 {

@@ -14,6 +14,7 @@
 namespace mup {
 
 class ICallback;
+class ParserError;
 
 class Evaluator
 {
@@ -51,10 +52,22 @@ private:
     void fixJumps(const std::vector<int> &stepOfToken, const std::vector<int> &tokenOfJump);
     [[noreturn]] void stackError(const Step &step) const;
 
+    // Type errors: the walk knows which token filled each slot, the value
+    // refused does not.
+    void nameTypeError(ParserError &error, int failing);
+    int replayOrigins(int failing);
+
     std::vector<Step> m_steps;
     std::vector<Value> m_store;
     std::vector<IValue *> m_slots;
     int m_resultIndex = 0;
+
+    // Only for naming the value of a type error, off the hot path: the token
+    // of the operand that a skBinaryValue step took in (else null), the way
+    // each "?" went in the last walk, and the token behind each slot.
+    std::vector<const IToken *> m_operands;
+    std::vector<char> m_branchTaken;
+    std::vector<const IToken *> m_origins;
 };
 
 } // namespace mup

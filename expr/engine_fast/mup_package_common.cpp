@@ -19,16 +19,16 @@ QChar compareKind(const Value &v)
 {
     const QChar kind = compareKind(a);
     if (kind == QLatin1Char('n') || kind == QLatin1Char('b') || kind == QLatin1Char('s'))
-        b.throwTypeError(a.GetType());
-    a.throwTypeError(b.GetType());
+        b.throwTypeError(a.GetType(), 2);
+    a.throwTypeError(b.GetType(), 1);
 }
 
-// The raw number of a logical operand: a boolean's 0, 1 or NULL, or the
-// number itself. A string is the type error.
-double logicalOperand(const Value &v)
+// The raw number of logical operand `arg` (1-based): a boolean's 0, 1 or
+// NULL, or the number itself. A string is the type error.
+double logicalOperand(const Value &v, int arg)
 {
     if (v.GetType() == QLatin1Char('s'))
-        v.throwTypeError(QLatin1Char('b'));
+        v.throwTypeError(QLatin1Char('b'), arg);
     return v.number();
 }
 
@@ -82,7 +82,7 @@ void OprtCompare::Eval(IValue &ret, const IValue *const *args, int)
         return;
     }
     if (kind != QLatin1Char('n') && kind != QLatin1Char('b'))
-        a.GetFloat(); // a void value: the type error
+        a.GetFloatOfArg(1); // a void value: the type error
     // Numbers compare their value, booleans their truth (which keeps NULL).
     const double x = kind == QLatin1Char('n') ? a.number() : a.GetBool();
     const double y = kind == QLatin1Char('n') ? b.number() : b.GetBool();
@@ -118,8 +118,8 @@ OprtLAnd::OprtLAnd() : CallbackImpl(QStringLiteral("&&"), 2, oaLEFT) { SetNumeri
 
 void OprtLAnd::Eval(IValue &ret, const IValue *const *args, int)
 {
-    const double x = logicalOperand(asValue(args[0]));
-    const double y = logicalOperand(asValue(args[1]));
+    const double x = logicalOperand(asValue(args[0]), 1);
+    const double y = logicalOperand(asValue(args[1]), 2);
     setLogicalAnd(asValue(ret), x, y);
 }
 
@@ -132,8 +132,8 @@ OprtLOr::OprtLOr() : CallbackImpl(QStringLiteral("||"), 1, oaLEFT) { SetNumericO
 
 void OprtLOr::Eval(IValue &ret, const IValue *const *args, int)
 {
-    const double x = logicalOperand(asValue(args[0]));
-    const double y = logicalOperand(asValue(args[1]));
+    const double x = logicalOperand(asValue(args[0]), 1);
+    const double y = logicalOperand(asValue(args[1]), 2);
     setLogicalOr(asValue(ret), x, y);
 }
 

@@ -86,6 +86,13 @@ QString Value::GetString() const
     return m_text;
 }
 
+QString Value::GetStringOfArg(int arg) const
+{
+    if (m_type != typeString)
+        throwTypeError(QLatin1Char('s'), arg);
+    return m_text;
+}
+
 QString Value::AsString() const
 {
     switch (m_type.unicode()) {
@@ -103,16 +110,21 @@ QString Value::AsString() const
 }
 
 // The message names the value by its identifier (a literal's text, a
-// constant's name) or, for a computed value, by its printed form.
-void Value::throwTypeError(QChar wanted) const
+// constant's name) or, for a computed value, by its printed form. A value
+// behind a variable has neither name nor place of its own: the evaluation
+// walk puts in the variable's.
+void Value::throwTypeError(QChar wanted, int arg) const
 {
     ErrorContext context;
     context.Errc = ecTYPE_CONFLICT;
     context.Ident = GetIdent().isEmpty() ? AsString() : GetIdent();
     context.Pos = GetExprPos();
+    context.Arg = arg;
     context.Type1 = GetType();
     context.Type2 = wanted;
-    throw ParserError(context);
+    ParserError error(context);
+    error.SetValue(this);
+    throw error;
 }
 
 } // namespace mup

@@ -98,7 +98,7 @@ public:
 
     double GetFloat() const override
     {
-        if (isNumeric() || m_type == typeBool || m_type == QLatin1Char('c'))
+        if (hasFloat())
             return m_number;
         throwTypeError(QLatin1Char('f'));
     }
@@ -122,6 +122,17 @@ public:
     }
     QString AsString() const override;
 
+    // GetFloat and GetString for argument `arg` (1-based) of a callback. A type
+    // error then also says which argument failed, which the evaluation walk
+    // needs to name the right place when one variable is passed twice.
+    double GetFloatOfArg(int arg) const
+    {
+        if (hasFloat())
+            return m_number;
+        throwTypeError(QLatin1Char('f'), arg);
+    }
+    QString GetStringOfArg(int arg) const;
+
     // 'f' or 'i'.
     bool isNumeric() const
     {
@@ -136,9 +147,17 @@ public:
     qint32 flags() const { return m_flags; }
     const void *cache() const { return m_cache; }
 
-    [[noreturn]] void throwTypeError(QChar wanted) const;
+    // Code 19 for this value; `arg` is the 1-based argument index when the
+    // reader knows it. The error keeps this value's address (see
+    // ParserError::GetValue) so that the walk can find where it came from.
+    [[noreturn]] void throwTypeError(QChar wanted, int arg = -1) const;
 
 private:
+    bool hasFloat() const
+    {
+        return isNumeric() || m_type == typeBool || m_type == QLatin1Char('c');
+    }
+
     // A float assignment stores this mark instead of 'i' or 'f', so that the
     // hot path of the engine never pays for telling the two apart.
     static constexpr QChar typeNumber = QChar(0x6E); // 'n'

@@ -5,14 +5,16 @@
 
 namespace {
 
+// Read with their argument index, so that a type error names the right
+// place when one variable is passed as a date and as a number.
 double number(const mup::IValue *const *args, int index)
 {
-    return args[index]->GetFloat();
+    return mup::floatArgument(args, index);
 }
 
 QDateTime date(const ExprContext &context, const mup::IValue *const *args, int index)
 {
-    return quva::readDate(context, args[index]->GetString());
+    return quva::readDate(context, mup::stringArgument(args, index));
 }
 
 void assignNumber(mup::IValue &ret, double value) { ret = value; }

@@ -29,8 +29,9 @@ QUVA_DEFINE_FUNCTION(IP4Part, "ip4part", 2,
                      "ip4part(ip,pos) - extract one of the 4 parts of a tcp-ip v4 address.")
 void IP4Part::Eval(mup::IValue &ret, const mup::IValue *const *args, int)
 {
-    const QString ip = args[0]->GetString();
-    const double result = quva::ip4Part(ip, quva::truncToInt32(args[1]->GetFloat()));
+    // With the argument index, as the address and the part may be one variable.
+    const QString ip = mup::stringArgument(args, 0);
+    const double result = quva::ip4Part(ip, quva::truncToInt32(mup::floatArgument(args, 1)));
     ret = result;
 }
 

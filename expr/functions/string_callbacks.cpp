@@ -8,14 +8,16 @@ using quva::isStringValue;
 
 namespace {
 
+// Texts and positions are read with their argument index, so that a type
+// error names the right place in `left(s, s)`.
 QString text(const mup::IValue *const *args, int index)
 {
-    return args[index]->GetString();
+    return mup::stringArgument(args, index);
 }
 
 int position(const mup::IValue *const *args, int index)
 {
-    return quva::truncToInt32(args[index]->GetFloat());
+    return quva::truncToInt32(mup::floatArgument(args, index));
 }
 
 // A function of one text giving a text.
