@@ -13,8 +13,11 @@
 #include "expr/parser_facade.h"
 
 #include <QMetaType>
+#include <QTest>
 #include <QSharedPointer>
 #include <QString>
+
+#include <memory>
 
 // Rows of the description tests hold a callback object.
 Q_DECLARE_METATYPE(QSharedPointer<mup::ICallback>)
@@ -74,4 +77,37 @@ inline QString evalFastest(const QString &expression, ExprContext *context = nul
     } catch (const mu::ParserError &) {
         return QStringLiteral("error");
     }
+}
+
+// The description tests: one row per function class, holding the callback,
+// the name it registers under, its argument count and its help text.
+inline void addDescriptionColumns()
+{
+    QTest::addColumn<QSharedPointer<mup::ICallback>>("callback");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("argc");
+    QTest::addColumn<QString>("description");
+}
+
+inline void descriptionRow(mup::ICallback *f, const char *name, int argc, const QString &desc)
+{
+    QTest::newRow(name) << QSharedPointer<mup::ICallback>(f) << QString::fromLatin1(name) << argc
+                        << desc;
+}
+
+// Checks the current row; a clone must describe itself the same way.
+inline void checkDescription()
+{
+    QFETCH(QSharedPointer<mup::ICallback>, callback);
+    QFETCH(QString, name);
+    QFETCH(int, argc);
+    QFETCH(QString, description);
+    QCOMPARE(callback->GetIdent(), name);
+    QCOMPARE(callback->GetArgc(), argc);
+    QCOMPARE(callback->GetCode(), mup::cmFUNC);
+    QCOMPARE(callback->GetDesc(), description);
+    QVERIFY(!callback->IsVolatile());
+    std::unique_ptr<mup::ICallback> copy(callback->Clone());
+    QCOMPARE(copy->GetDesc(), description);
+    QCOMPARE(copy->GetIdent(), name);
 }

@@ -454,16 +454,10 @@ void tst_functions_date::now()
 
 void tst_functions_date::descriptions_data()
 {
-    QTest::addColumn<QSharedPointer<mup::ICallback>>("callback");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("argc");
-    QTest::addColumn<QString>("description");
+    addDescriptionColumns();
     static ExprContext context;
     ExprContext *c = &context;
-    auto row = [](mup::ICallback *f, const char *name, int argc, const char *desc) {
-        QTest::newRow(name) << QSharedPointer<mup::ICallback>(f) << QString::fromLatin1(name)
-                            << argc << QString::fromUtf8(desc);
-    };
+    const auto row = &descriptionRow;
     row(new MuToET(c), "toET", 1, "toET(date) - convert a date (as a string) to an Elapsed Time");
     row(new MuToDate(c), "toDate", 1,
         "toDate(ET) - convert a date (as an Elapsed Time) to a string");
@@ -506,14 +500,7 @@ void tst_functions_date::descriptions_data()
 
 void tst_functions_date::descriptions()
 {
-    QFETCH(QSharedPointer<mup::ICallback>, callback);
-    QFETCH(QString, name);
-    QFETCH(int, argc);
-    QFETCH(QString, description);
-    QCOMPARE(callback->GetIdent(), name);
-    QCOMPARE(callback->GetArgc(), argc);
-    QCOMPARE(callback->GetDesc(), description);
-    QVERIFY(!callback->IsVolatile());
+    checkDescription();
 }
 
 QTEST_GUILESS_MAIN(tst_functions_date)

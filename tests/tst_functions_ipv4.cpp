@@ -101,14 +101,8 @@ void tst_functions_ipv4::values()
 
 void tst_functions_ipv4::descriptions_data()
 {
-    QTest::addColumn<QSharedPointer<mup::ICallback>>("callback");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("argc");
-    QTest::addColumn<QString>("description");
-    auto row = [](mup::ICallback *f, const char *name, int argc, const char *desc) {
-        QTest::newRow(name) << QSharedPointer<mup::ICallback>(f) << QString::fromLatin1(name)
-                            << argc << QString::fromUtf8(desc);
-    };
+    addDescriptionColumns();
+    const auto row = &descriptionRow;
     row(new IsIP4, "isip4", 1, "isip4(x) - test if x is a TCP-IP v4 address.");
     row(new IP4tof, "ip4tof", 1, "ip4tof(x) - convert a tcp-ip v4 address to a number.");
     row(new IP4Part, "ip4part", 2,
@@ -121,13 +115,7 @@ void tst_functions_ipv4::descriptions_data()
 
 void tst_functions_ipv4::descriptions()
 {
-    QFETCH(QSharedPointer<mup::ICallback>, callback);
-    QFETCH(QString, name);
-    QFETCH(int, argc);
-    QFETCH(QString, description);
-    QCOMPARE(callback->GetIdent(), name);
-    QCOMPARE(callback->GetArgc(), argc);
-    QCOMPARE(callback->GetDesc(), description);
+    checkDescription();
 }
 
 void tst_functions_ipv4::nonStringIsTypeError_data()

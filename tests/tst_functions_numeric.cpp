@@ -304,15 +304,9 @@ void tst_functions_numeric::fastestValues()
 
 void tst_functions_numeric::descriptions_data()
 {
-    QTest::addColumn<QSharedPointer<mup::ICallback>>("callback");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("argc");
-    QTest::addColumn<QString>("description");
+    addDescriptionColumns();
     static ExprContext context;
-    auto row = [](mup::ICallback *f, const char *name, int argc, const QString &desc) {
-        QTest::newRow(name) << QSharedPointer<mup::ICallback>(f) << QString::fromLatin1(name)
-                            << argc << desc;
-    };
+    const auto row = &descriptionRow;
     auto text = [](const char *t) { return QString::fromUtf8(t); };
     row(new MuIsNullX, "isNull", 1, text("isNull(x) - test if x is null"));
     row(new MuIsNanX, "isNan", 1, text("isNan(x) - test if x is nan"));
@@ -361,18 +355,7 @@ void tst_functions_numeric::descriptions_data()
 
 void tst_functions_numeric::descriptions()
 {
-    QFETCH(QSharedPointer<mup::ICallback>, callback);
-    QFETCH(QString, name);
-    QFETCH(int, argc);
-    QFETCH(QString, description);
-    QCOMPARE(callback->GetIdent(), name);
-    QCOMPARE(callback->GetArgc(), argc);
-    QCOMPARE(callback->GetCode(), mup::cmFUNC);
-    QCOMPARE(callback->GetDesc(), description);
-    QVERIFY(!callback->IsVolatile());
-    std::unique_ptr<mup::ICallback> copy(callback->Clone());
-    QCOMPARE(copy->GetDesc(), description);
-    QCOMPARE(copy->GetIdent(), name);
+    checkDescription();
 }
 
 void tst_functions_numeric::mt19937ReferenceSequence()

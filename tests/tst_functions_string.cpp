@@ -148,14 +148,8 @@ void tst_functions_string::values()
 
 void tst_functions_string::descriptions_data()
 {
-    QTest::addColumn<QSharedPointer<mup::ICallback>>("callback");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("argc");
-    QTest::addColumn<QString>("description");
-    auto row = [](mup::ICallback *f, const char *name, int argc, const char *desc) {
-        QTest::newRow(name) << QSharedPointer<mup::ICallback>(f) << QString::fromLatin1(name)
-                            << argc << QString::fromUtf8(desc);
-    };
+    addDescriptionColumns();
+    const auto row = &descriptionRow;
     row(new MuSubstrX, "substr", 3,
         "substr(x,s,l) - extract from the string x a substring starting at character of index "
         "'s' and of length 'l'");
@@ -219,16 +213,7 @@ void tst_functions_string::descriptions_data()
 
 void tst_functions_string::descriptions()
 {
-    QFETCH(QSharedPointer<mup::ICallback>, callback);
-    QFETCH(QString, name);
-    QFETCH(int, argc);
-    QFETCH(QString, description);
-    QCOMPARE(callback->GetIdent(), name);
-    QCOMPARE(callback->GetArgc(), argc);
-    QCOMPARE(callback->GetDesc(), description);
-    QVERIFY(!callback->IsVolatile());
-    std::unique_ptr<mup::ICallback> copy(callback->Clone());
-    QCOMPARE(copy->GetIdent(), name);
+    checkDescription();
 }
 
 void tst_functions_string::bothSpellingsAreRegistered_data()
