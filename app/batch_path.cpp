@@ -10,7 +10,6 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 
-#include <clocale>
 #include <cstdio>
 #include <memory>
 
@@ -149,10 +148,6 @@ bool handleInfoOption(const QStringList &args)
 
 int runBatch(const QStringList &args)
 {
-    // The application object has taken the C library's locale from the
-    // environment; files are read with strtod-like calls, and in a locale
-    // with a decimal comma "0.85" would read as 0. Numbers are always C here.
-    std::setlocale(LC_NUMERIC, "C");
     setKeepParsedTrees(true);
     BatchReporter batchReporter;
     ReporterScope scope(&batchReporter);

@@ -1,4 +1,5 @@
 #include "edit/table_views.h"
+#include "modal_helper.h"
 
 #include <QClipboard>
 #include <QColorDialog>
@@ -43,19 +44,6 @@ QStringList column(const QAbstractItemModel &model, int col)
 QPoint cellCenter(const QTableView &view, int row, int col)
 {
     return view.visualRect(view.model()->index(row, col)).center();
-}
-
-void whenModal(std::function<void(QWidget *)> act)
-{
-    auto *timer = new QTimer;
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
-        if (QWidget *modal = QApplication::activeModalWidget()) {
-            timer->stop();
-            timer->deleteLater();
-            act(modal);
-        }
-    });
-    timer->start(20);
 }
 
 // Columns: 0 check, 1 double, 2 int, 3 combo, 4 colour, 5 date, 6 bar,

@@ -1,4 +1,5 @@
 #include "shell/var_list_window.h"
+#include "modal_helper.h"
 #include "shell/gui_reporter.h"
 #include "shell/settings.h"
 
@@ -20,19 +21,6 @@ QStringList nonEmptyLines(const QString &text)
 }
 
 // Runs `act` on the modal widget as soon as one is shown.
-void whenModal(std::function<void(QWidget *)> act)
-{
-    auto *timer = new QTimer;
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
-        if (QWidget *modal = QApplication::activeModalWidget()) {
-            timer->stop();
-            timer->deleteLater();
-            act(modal);
-        }
-    });
-    timer->start(20);
-}
-
 } // namespace
 
 class tst_var_list_window : public QObject

@@ -29,7 +29,9 @@ enum ENumericOp : int {
     nopSign
 };
 
-Q_ALWAYS_INLINE bool compareNumbers(ENumericOp op, double x, double y)
+// The six comparisons, for numbers and for strings alike.
+template <typename T>
+Q_ALWAYS_INLINE bool compareBy(ENumericOp op, const T &x, const T &y)
 {
     switch (op) {
     case nopEQ: return x == y;
@@ -48,7 +50,7 @@ Q_ALWAYS_INLINE void setComparison(Value &result, ENumericOp op, double x, doubl
     if (isNullNumber(x) || isNullNumber(y))
         result.SetNull();
     else
-        result = compareNumbers(op, x, y);
+        result = compareBy(op, x, y);
 }
 
 // NULL and false is false; NULL and anything else is NULL.

@@ -78,7 +78,7 @@ void OprtCompare::Eval(IValue &ret, const IValue *const *args, int)
         if (a.text().isNull() || b.text().isNull())
             result.SetNull();
         else
-            result = compareStrings(a.text(), b.text());
+            result = compareBy(GetNumericOp(), a.text(), b.text());
         return;
     }
     if (kind != QLatin1Char('n') && kind != QLatin1Char('b'))
@@ -87,19 +87,6 @@ void OprtCompare::Eval(IValue &ret, const IValue *const *args, int)
     const double x = kind == QLatin1Char('n') ? a.number() : a.GetBool();
     const double y = kind == QLatin1Char('n') ? b.number() : b.GetBool();
     setComparison(result, GetNumericOp(), x, y);
-}
-
-bool OprtCompare::compareStrings(const QString &x, const QString &y) const
-{
-    switch (GetNumericOp()) {
-    case nopEQ: return x == y;
-    case nopNEQ: return x != y;
-    case nopLT: return x < y;
-    case nopGT: return x > y;
-    case nopLE: return x <= y;
-    case nopGE: return x >= y;
-    default: return false;
-    }
 }
 
 QString OprtCompare::GetDesc() const

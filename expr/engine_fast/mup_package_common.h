@@ -26,7 +26,6 @@ public:
     QString GetDesc() const override;
 
 private:
-    bool compareStrings(const QString &x, const QString &y) const;
 };
 
 // "=" and "==" are the same operator under two names.
