@@ -6,70 +6,10 @@
 #include "core/cfg_model.h"
 #include "core/reporter.h"
 
-#include <QApplication>
-#include <QGuiApplication>
-#include <QMessageBox>
-
 #include <cstdio>
 #include <memory>
 
 namespace {
-
-// Every message of the batch path reaches its caller on standard error as
-// one line. The box is shown as well only where somebody can click it: on
-// the offscreen and minimal platforms nothing may wait for a click.
-class BatchReporter final : public Reporter
-{
-public:
-    void message(MessageIcon icon, const QString &title, const QString &text) override
-    {
-        stderrReporter.message(icon, title, text);
-        if (!hasDisplay())
-            return;
-        QMessageBox box(boxIcon(icon), title, text, QMessageBox::Ok);
-        box.exec();
-    }
-
-    void setBusy(bool busy) override
-    {
-        if (!hasDisplay())
-            return;
-        if (busy)
-            QApplication::setOverrideCursor(Qt::WaitCursor);
-        else
-            QApplication::restoreOverrideCursor();
-    }
-
-private:
-    static bool hasDisplay()
-    {
-        const QString platform = QGuiApplication::platformName();
-        return qobject_cast<QApplication *>(QCoreApplication::instance())
-               && platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
-    }
-
-    static QMessageBox::Icon boxIcon(MessageIcon icon)
-    {
-        switch (icon) {
-        case MessageIcon::Information: return QMessageBox::Information;
-        case MessageIcon::Warning: return QMessageBox::Warning;
-        case MessageIcon::Critical: break;
-        }
-        return QMessageBox::Critical;
-    }
-
-    StderrReporter stderrReporter;
-};
-
-// Installs the batch reporter for the length of the batch path.
-class ReporterScope
-{
-public:
-    explicit ReporterScope(Reporter *r) { setReporter(r); }
-    ~ReporterScope() { setReporter(nullptr); }
-    ReporterScope(const ReporterScope &) = delete;
-    ReporterScope &operator=(const ReporterScope &) = delete;
-};
 
 const char usageText[] =
     "Usage:\n"
@@ -149,9 +89,6 @@ bool handleInfoOption(const QStringList &args)
 int runBatch(const QStringList &args)
 {
     setKeepParsedTrees(true);
-    BatchReporter batchReporter;
-    ReporterScope scope(&batchReporter);
-
     std::unique_ptr<CfgModel> cfg(loadCfgFile(nullptr, args.value(1), true, false, QString()));
     if (!cfg) {
         reportMessage(MessageIcon::Critical, QStringLiteral("Loading .CfgXML file"),

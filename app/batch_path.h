@@ -6,8 +6,9 @@
 // Loads the configuration, applies the options in order and writes the file
 // back. Returns the exit code: 0 when the list was applied (even if the
 // file could not be written), 99 when the file could not be loaded or an
-// option was refused, in which case nothing is written. Expects the C
-// library's numeric locale to be "C", as main sets it.
+// option was refused, in which case nothing is written. Its messages go to
+// the reporter in force (standard error unless the caller installs another).
+// Expects the numbers of the process in the C format (fixNumberFormat()).
 int runBatch(const QStringList &args);
 
 // "--help" and "--version" as the only argument: prints on standard output

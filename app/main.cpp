@@ -1,22 +1,13 @@
 #include "app/batch_path.h"
-#include "shell/main_window.h"
+#include "app/gui_module.h"
+#include "app/start_up.h"
 
-#include <QApplication>
-#include <QLocale>
+#include <QCoreApplication>
 
-#include <clocale>
 #include <cstring>
-#include <memory>
+#include <malloc.h>
 
 namespace {
-
-int runInteractive()
-{
-    QuvaCfgXMLEditor window;
-    window.show();
-    QObject::connect(qApp, &QApplication::lastWindowClosed, qApp, &QApplication::quit);
-    return QApplication::exec();
-}
 
 // The batch path must run where there is no screen: it then uses the
 // offscreen platform and its messages reach the caller on standard error.
@@ -35,6 +26,11 @@ bool isInfoRequest(int argc, char *argv[])
         return false;
     const QStringList args{QString::fromLocal8Bit(argv[0]), QString::fromLocal8Bit(argv[1])};
     return handleInfoOption(args);
+}
+
+bool isBatchCommand(int argc, char *argv[])
+{
+    return argc >= 3 && std::strcmp(argv[0], "-d") != 0;
 }
 
 // The words of the command line that the GUI application object takes
@@ -59,11 +55,11 @@ bool hasGuiOption(int argc, char *argv[])
 
 // The batch path shows its messages in boxes only where somebody can click
 // them. On the offscreen and minimal platforms no box is ever shown and no
-// screen is looked at, so the core application object serves it as well and
-// spares loading the platform, its fonts and its screens.
+// screen is looked at, so the core application object serves it, and the
+// window module with its GUI libraries is never loaded.
 bool batchNeedsNoGui(int argc, char *argv[])
 {
-    if (argc < 3 || std::strcmp(argv[0], "-d") == 0 || hasGuiOption(argc, argv))
+    if (!isBatchCommand(argc, argv) || hasGuiOption(argc, argv))
         return false;
     QByteArray platform = qgetenv("QT_QPA_PLATFORM");
     const int colon = platform.indexOf(':');
@@ -73,6 +69,25 @@ bool batchNeedsNoGui(int argc, char *argv[])
     return platform == "offscreen" || platform == "minimal";
 }
 
+// A batch run lives for a few milliseconds and frees little before its end.
+// The buffers of whole files are taken from the heap like everything else,
+// so that their pages serve again once they are freed instead of going back
+// to the system and being faulted in anew.
+void tuneAllocatorForBatch()
+{
+    mallopt(M_MMAP_THRESHOLD, 256 << 20);
+    mallopt(M_TRIM_THRESHOLD, 512 << 20);
+}
+
+// The batch path with its messages on standard error only.
+int runHeadlessBatch(int argc, char *argv[])
+{
+    tuneAllocatorForBatch();
+    QCoreApplication app(argc, argv);
+    fixNumberFormat();
+    return runBatch(QCoreApplication::arguments());
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -80,19 +95,13 @@ int main(int argc, char *argv[])
     if (isInfoRequest(argc, argv))
         return 0;
     chooseHeadlessPlatform(argc);
-    std::unique_ptr<QCoreApplication> app;
     if (batchNeedsNoGui(argc, argv))
-        app = std::make_unique<QCoreApplication>(argc, argv);
-    else
-        app = std::make_unique<QApplication>(argc, argv);
-    // The application object adopts the environment's C locale; the number
-    // readers of the files rely on the C library reading "0.5" as a half.
-    std::setlocale(LC_NUMERIC, "C");
-    QLocale::setDefault(QLocale(QLocale::C, QLocale::AnyCountry));
-    const QStringList args = QCoreApplication::arguments();
-    // Entry 0 is the program's own path; "-d" there is the only way out of
-    // the batch path for three or more entries.
-    if (args.size() >= 3 && args.at(0) != QLatin1String("-d"))
-        return runBatch(args);
-    return runInteractive();
+        return runHeadlessBatch(argc, argv);
+    if (const GuiEntry guiMain = loadGuiModule())
+        return guiMain(argc, argv);
+    // Without its window module the program can still patch files; the
+    // messages then reach the caller on standard error alone.
+    if (isBatchCommand(argc, argv))
+        return runHeadlessBatch(argc, argv);
+    return 1;
 }

@@ -33,6 +33,16 @@ QString oneLineMessage(const QString &title, const QString &text);
 
 void reportMessage(MessageIcon icon, const QString &title, const QString &text);
 
+// Puts `r` in force for the lifetime of the object, then the default again.
+class ReporterScope
+{
+public:
+    explicit ReporterScope(Reporter *r) { setReporter(r); }
+    ~ReporterScope() { setReporter(nullptr); }
+    ReporterScope(const ReporterScope &) = delete;
+    ReporterScope &operator=(const ReporterScope &) = delete;
+};
+
 // Sets the wait cursor for the lifetime of the object.
 class BusyScope
 {

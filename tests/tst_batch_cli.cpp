@@ -242,6 +242,9 @@ private slots:
     void interactivePath();
     void windowOnDisplay_data();
     void windowOnDisplay();
+    void windowModuleBeside();
+    void withoutWindowModule_data();
+    void withoutWindowModule();
 };
 
 void tst_batch_cli::initTestCase()
@@ -640,6 +643,67 @@ void tst_batch_cli::windowOnDisplay()
         QCOMPARE(process.exitCode(), 0);
         QVERIFY2(messageLines(err).isEmpty(), err.constData());
         QCOMPARE(readAll(ws.cfgPath()), fixture(QStringLiteral("seed_7.golden")));
+    }
+}
+
+// ------------------------------------------------------------- window module
+
+// The window lives in a module beside the program, loaded only when a screen
+// is needed.
+void tst_batch_cli::windowModuleBeside()
+{
+    const QFileInfo program(editorPath());
+    QVERIFY(QFileInfo::exists(program.absolutePath() + "/quva-cfg-editor-gui.so"));
+}
+
+// A program copied without its module still patches files, on a display
+// too (the messages then reach standard error alone), and says why it
+// cannot open a window.
+void tst_batch_cli::withoutWindowModule_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<bool>("display");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<bool>("toldMissing");
+    QTest::addColumn<QString>("golden");
+    QTest::newRow("window") << QStringList() << false << 1 << true << QString();
+    QTest::newRow("batch, no display") << QStringList{"-seed=7"} << false << 0 << false
+                                       << "seed_7.golden";
+    QTest::newRow("batch, display") << QStringList{"-seed=7"} << true << 0 << true
+                                    << "seed_7.golden";
+}
+
+void tst_batch_cli::withoutWindowModule()
+{
+    QFETCH(QStringList, options);
+    QFETCH(bool, display);
+    QFETCH(int, exitCode);
+    QFETCH(bool, toldMissing);
+    QFETCH(QString, golden);
+    Workspace ws;
+    QVERIFY(ws.ok);
+    QTemporaryDir programDir;
+    QVERIFY(programDir.isValid());
+    const QString program = programDir.filePath(QStringLiteral("quva-cfg-editor"));
+    QVERIFY(QFile::copy(editorPath(), program));
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    if (display)
+        env.insert(QStringLiteral("DISPLAY"), QStringLiteral(":65000")); // never opened
+    else
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    const QStringList args =
+        options.isEmpty() ? QStringList() : QStringList{QLatin1String(cfgName)} + options;
+    const Run run = runEditor(args, ws.folder(), env, program, false);
+    QVERIFY(run.finished);
+    QCOMPARE(run.exitCode, exitCode);
+    QCOMPARE(run.err.contains("cannot load the window module"), toldMissing);
+    if (golden.isEmpty()) {
+        QCOMPARE(readAll(ws.cfgPath()), fixture(QLatin1String(cfgName)));
+        QCOMPARE(modificationTime(ws.cfgPath()), ws.oldTime);
+    } else {
+        QCOMPARE(readAll(ws.cfgPath()), fixture(golden));
     }
 }
 
