@@ -1,5 +1,6 @@
 #include "xml/xml_node.h"
 
+#include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <strings.h>
@@ -26,18 +27,27 @@ bool sameName(const char *a, const char *b)
     return strcasecmp(a, b) == 0;
 }
 
-// Entries to allocate so that index `count` fits. During a parse the size
-// follows from the count alone: `step` entries at first, then count + step + 1
-// whenever (count + 1) is a multiple of `step`. Step 0 grows by one.
+// Entries held by an array of `count` items while its element is open:
+// `step` at first, doubled as often as needed. Nothing records a capacity:
+// it follows from the count, and doubling keeps a long list of siblings from
+// being copied over and over as it grows.
+int openCapacity(int count, int step)
+{
+    int size = step;
+    while (size < count && size <= INT_MAX / 2)
+        size *= 2;
+    return size;
+}
+
+// Reallocates `array` so that index `count` fits. Step 0, the rule of
+// finished nodes, grows by one entry.
 template <typename T> void growFor(T *&array, int count, int step)
 {
     int size = -1;
     if (step == 0)
         size = count + 1;
-    else if (array == nullptr)
-        size = count < step ? step : count + step + 1;
-    else if ((count + 1) % step == 0)
-        size = count + step + 1;
+    else if (array == nullptr || openCapacity(count + 1, step) > openCapacity(count, step))
+        size = openCapacity(count + 1, step);
     if (size > 0)
         array = static_cast<T *>(realloc(array, sizeof(T) * size));
 }

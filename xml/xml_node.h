@@ -42,8 +42,11 @@ struct XmlNodeData
     int refCount;             // handles (and the parent) on this body
 };
 
-// Growth step of the arrays while a parse fills them; 0 grows by one entry.
-constexpr int xmlGrowthStep = 50;
+// Entries of an array's first allocation while a parse fills it; the array
+// doubles whenever it is full, and shrinks to its count when its element
+// closes. Most elements hold a handful of attributes and children, so a small
+// start keeps the tree dense. A step of 0 grows by one entry.
+constexpr int xmlGrowthStep = 4;
 
 // Building, for the parser. Strings passed in are taken over.
 XmlNodeData *createNode(XmlNodeData *parent, char *name, bool isDeclaration);
