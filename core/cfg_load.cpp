@@ -1,6 +1,7 @@
 #include "core/cfg_load.h"
 
 #include "core/cfg_model.h"
+#include "core/desc_prefetch.h"
 #include "core/reporter.h"
 #include "core/window_place.h"
 #include "core/window_query.h"
@@ -71,16 +72,20 @@ int askOtherWindow(QObject *window, const QString &path)
 }
 
 CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QString &descPath,
-                      bool showErrors, WaitCursor &cursor)
+                      bool showErrors, WaitCursor &cursor, DescPrefetch *prefetch = nullptr)
 {
     const QString readPath = resolveDescPath(descPath, cfgPath);
-    const XmlNode descRoot = readXmlFile(readPath, "DESCRIPTION");
+    XmlNode descRoot;
+    DescModel *desc = nullptr;
+    if (!prefetch || !prefetch->take(descPath, readPath, &descRoot, &desc))
+        descRoot = readXmlFile(readPath, "DESCRIPTION");
     keepTree(descRoot);
     if (descRoot.isEmpty())
         return fail(cursor, showErrors,
                     QStringLiteral("error: Empty Description file'") + readPath
                         + QStringLiteral("'?"));
-    DescModel *desc = new DescModel(descPath, descRoot);
+    if (!desc)
+        desc = new DescModel(descPath, descRoot);
     if (desc->columnCount() == 0) {
         delete desc;
         return fail(cursor, showErrors,
@@ -116,13 +121,19 @@ CfgModel *loadCfgFile(QObject *window, QString path, bool showErrors, bool askOt
     }
     if (!path.endsWith(QLatin1String(".CfgXML")))
         path += QLatin1String(".CfgXML");
+    // The description is read on a second thread while the configuration is
+    // parsed here.
+    DescPrefetch prefetch;
+    const QString guess = guessDescPath(path);
+    if (!guess.isEmpty())
+        prefetch.start(guess, resolveDescPath(guess, path));
     const XmlNode root = readXmlFile(path, "QUV_Config");
     keepTree(root);
     const QString descPath = QString::fromUtf8(root.childNode("DescriptionFile").textAt(0));
     if (root.isEmpty() || descPath.isEmpty())
         return fail(cursor, showErrors, QStringLiteral("Error: Cfg file not loaded"));
     restoreWorkingSpace(window, root);
-    return buildModels(root, path, descPath, showErrors, cursor);
+    return buildModels(root, path, descPath, showErrors, cursor, &prefetch);
 }
 
 CfgModel *loadDescFile(QObject *window, QString path, bool showErrors, bool askOtherWindows,

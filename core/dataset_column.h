@@ -15,6 +15,9 @@ struct DatasetColumn
     int loc = 0;      // column number over the whole dataset
     double auc = -2.0;
 };
+// Its texts are implicitly shared handles: the record may be moved in memory
+// as it stands, which lets the column list grow without copying each text.
+Q_DECLARE_TYPEINFO(DatasetColumn, Q_MOVABLE_TYPE);
 
 // The identifier of a column on the command line and in the lists:
 // group.kind.label, and .modality when there is one.

@@ -1,0 +1,90 @@
+#include "core/desc_prefetch.h"
+
+#include "core/desc_model.h"
+
+#include "xml/xml_file.h"
+
+#include <QFile>
+
+namespace {
+
+// The writer puts the element near the top, behind the root's attributes.
+constexpr qint64 headBytes = 64 * 1024;
+
+bool isPlainAscii(const QByteArray &bytes)
+{
+    for (const char c : bytes) {
+        if (static_cast<unsigned char>(c) >= 0x80 || c == '&')
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+QString guessDescPath(const QString &cfgPath)
+{
+    QFile file(cfgPath);
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    const QByteArray head = file.read(headBytes);
+    static const QByteArray opening = QByteArrayLiteral("<DescriptionFile>");
+    const int begin = head.indexOf(opening);
+    if (begin < 0)
+        return QString();
+    const int textBegin = begin + opening.size();
+    const int end = head.indexOf('<', textBegin);
+    if (end < 0 || !head.mid(end).startsWith("</DescriptionFile>"))
+        return QString();
+    const QByteArray text = head.mid(textBegin, end - textBegin).trimmed();
+    const bool utf8 = head.startsWith("\xEF\xBB\xBF");
+    if (!utf8 && !isPlainAscii(text))
+        return QString();
+    if (text.contains('&'))
+        return QString();
+    return QString::fromUtf8(text);
+}
+
+DescPrefetch::~DescPrefetch()
+{
+    wait();
+    delete desc;
+}
+
+void DescPrefetch::start(const QString &descPath, const QString &readPath)
+{
+    wait();
+    guessedDescPath = descPath;
+    guessedReadPath = readPath;
+    // While the worker runs, the loading thread only parses the
+    // configuration; the record's build below is the only user of the shared
+    // Base64 buffer then.
+    worker = std::thread([this] {
+        root = readXmlFile(guessedReadPath, "DESCRIPTION");
+        if (!root.isEmpty())
+            desc = new DescModel(guessedDescPath, root);
+    });
+}
+
+bool DescPrefetch::take(const QString &descPath, const QString &readPath, XmlNode *treeOut,
+                        DescModel **descOut)
+{
+    if (!worker.joinable() && guessedReadPath.isEmpty())
+        return false;
+    if (descPath != guessedDescPath || readPath != guessedReadPath)
+        return false;
+    wait();
+    *treeOut = root;
+    *descOut = desc;
+    root = XmlNode();
+    desc = nullptr;
+    guessedDescPath.clear();
+    guessedReadPath.clear();
+    return true;
+}
+
+void DescPrefetch::wait()
+{
+    if (worker.joinable())
+        worker.join();
+}
