@@ -88,7 +88,7 @@ bool handleInfoOption(const QStringList &args)
 
 int runBatch(const QStringList &args)
 {
-    setKeepParsedTrees(true);
+    setOneShotLoading(true);
     std::unique_ptr<CfgModel> cfg(loadCfgFile(nullptr, args.value(1), true, false, QString()));
     if (!cfg) {
         reportMessage(MessageIcon::Critical, QStringLiteral("Loading .CfgXML file"),

@@ -17,7 +17,7 @@
 
 namespace {
 
-bool keepParsedTrees = false;
+bool oneShotLoading = false;
 
 // Reachable from here to the end of the process, and never destroyed: the
 // memory goes back to the system with the process, all at once.
@@ -25,7 +25,7 @@ std::vector<XmlNode> *keptTrees = nullptr;
 
 void keepTree(const XmlNode &root)
 {
-    if (!keepParsedTrees || root.isEmpty())
+    if (!oneShotLoading || root.isEmpty())
         return;
     if (!keptTrees)
         keptTrees = new std::vector<XmlNode>;
@@ -121,10 +121,10 @@ CfgModel *loadCfgFile(QObject *window, QString path, bool showErrors, bool askOt
     }
     if (!path.endsWith(QLatin1String(".CfgXML")))
         path += QLatin1String(".CfgXML");
-    // The description is read on a second thread while the configuration is
-    // parsed here.
+    // In a one-shot process the description is read on a second thread
+    // while the configuration is parsed here.
     DescPrefetch prefetch;
-    const QString guess = guessDescPath(path);
+    const QString guess = oneShotLoading ? guessDescPath(path) : QString();
     if (!guess.isEmpty())
         prefetch.start(guess, resolveDescPath(guess, path));
     const XmlNode root = readXmlFile(path, "QUV_Config");
@@ -164,9 +164,9 @@ CfgModel *loadDescFile(QObject *window, QString path, bool showErrors, bool askO
     return buildModels(root, sibling, path, showErrors, cursor);
 }
 
-void setKeepParsedTrees(bool keep)
+void setOneShotLoading(bool oneShot)
 {
-    keepParsedTrees = keep;
+    oneShotLoading = oneShot;
 }
 
 CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QString &descPath,

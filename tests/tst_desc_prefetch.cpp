@@ -75,6 +75,8 @@ private:
 
 void tst_desc_prefetch::initTestCase()
 {
+    // Loads read the description ahead only in a one-shot process.
+    setOneShotLoading(true);
     QVERIFY(dir.isValid());
     QVERIFY(QFile::copy(QStringLiteral("%1/golden.DescXML").arg(QLatin1String(coreData)),
                         dir.filePath(QStringLiteral("golden.DescXML"))));
