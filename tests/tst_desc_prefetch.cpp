@@ -69,6 +69,15 @@ private slots:
     void loadsAlike();
 
 private:
+    // Starts reading the copied description under the name the fixture's
+    // configuration gives it; returns the path read.
+    QString startGolden(DescPrefetch &prefetch)
+    {
+        const QString readPath = dir.filePath(QStringLiteral("golden.DescXML"));
+        prefetch.start(QStringLiteral("golden.DescXML"), readPath);
+        return readPath;
+    }
+
     QTemporaryDir dir;
     QStringList expectedColumns;
 };
@@ -125,9 +134,8 @@ void tst_desc_prefetch::guessOfMissingFile()
 
 void tst_desc_prefetch::takesWhatWasStarted()
 {
-    const QString readPath = dir.filePath(QStringLiteral("golden.DescXML"));
     DescPrefetch prefetch;
-    prefetch.start(QStringLiteral("golden.DescXML"), readPath);
+    const QString readPath = startGolden(prefetch);
     XmlNode root;
     DescModel *desc = nullptr;
     QVERIFY(prefetch.take(QStringLiteral("golden.DescXML"), readPath, &root, &desc));
@@ -141,9 +149,8 @@ void tst_desc_prefetch::takesWhatWasStarted()
 
 void tst_desc_prefetch::refusesAnotherPath()
 {
-    const QString readPath = dir.filePath(QStringLiteral("golden.DescXML"));
     DescPrefetch prefetch;
-    prefetch.start(QStringLiteral("golden.DescXML"), readPath);
+    const QString readPath = startGolden(prefetch);
     XmlNode root;
     DescModel *desc = nullptr;
     // Same file, but named otherwise in the configuration: the record would
@@ -167,9 +174,8 @@ void tst_desc_prefetch::takesOnce()
     QVERIFY(!idle.take(QStringLiteral("golden.DescXML"), QStringLiteral("golden.DescXML"), &root,
                        &desc));
 
-    const QString readPath = dir.filePath(QStringLiteral("golden.DescXML"));
     DescPrefetch prefetch;
-    prefetch.start(QStringLiteral("golden.DescXML"), readPath);
+    const QString readPath = startGolden(prefetch);
     QVERIFY(prefetch.take(QStringLiteral("golden.DescXML"), readPath, &root, &desc));
     delete desc;
     desc = nullptr;
@@ -180,7 +186,7 @@ void tst_desc_prefetch::takesOnce()
 
     // A result nobody takes is freed with the object.
     DescPrefetch untaken;
-    untaken.start(QStringLiteral("golden.DescXML"), readPath);
+    startGolden(untaken);
 }
 
 void tst_desc_prefetch::missingDescription()
