@@ -11,10 +11,10 @@ namespace {
 // The writer puts the element near the top, behind the root's attributes.
 constexpr qint64 headBytes = 64 * 1024;
 
-bool isPlainAscii(const QByteArray &bytes)
+bool isAscii(const QByteArray &bytes)
 {
     for (const char c : bytes) {
-        if (static_cast<unsigned char>(c) >= 0x80 || c == '&')
+        if (static_cast<unsigned char>(c) >= 0x80)
             return false;
     }
     return true;
@@ -34,13 +34,11 @@ QString guessDescPath(const QString &cfgPath)
         return QString();
     const int textBegin = begin + opening.size();
     const int end = head.indexOf('<', textBegin);
-    if (end < 0 || !head.mid(end).startsWith("</DescriptionFile>"))
+    if (end < 0 || head.indexOf("</DescriptionFile>", end) != end)
         return QString();
     const QByteArray text = head.mid(textBegin, end - textBegin).trimmed();
     const bool utf8 = head.startsWith("\xEF\xBB\xBF");
-    if (!utf8 && !isPlainAscii(text))
-        return QString();
-    if (text.contains('&'))
+    if (text.contains('&') || (!utf8 && !isAscii(text)))
         return QString();
     return QString::fromUtf8(text);
 }
