@@ -28,11 +28,6 @@ bool isInfoRequest(int argc, char *argv[])
     return handleInfoOption(args);
 }
 
-bool isBatchCommand(int argc, char *argv[])
-{
-    return argc >= 3 && std::strcmp(argv[0], "-d") != 0;
-}
-
 // The words of the command line that the GUI application object takes
 // for itself. Where one of them stands, only that object reads the line
 // as the user meant it.
@@ -59,7 +54,7 @@ bool hasGuiOption(int argc, char *argv[])
 // window module with its GUI libraries is never loaded.
 bool batchNeedsNoGui(int argc, char *argv[])
 {
-    if (!isBatchCommand(argc, argv) || hasGuiOption(argc, argv))
+    if (!takesBatchPath(argc, argv) || hasGuiOption(argc, argv))
         return false;
     QByteArray platform = qgetenv("QT_QPA_PLATFORM");
     const int colon = platform.indexOf(':');
@@ -101,7 +96,7 @@ int main(int argc, char *argv[])
         return guiMain(argc, argv);
     // Without its window module the program can still patch files; the
     // messages then reach the caller on standard error alone.
-    if (isBatchCommand(argc, argv))
+    if (takesBatchPath(argc, argv))
         return runHeadlessBatch(argc, argv);
     return 1;
 }

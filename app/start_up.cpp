@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include <clocale>
+#include <cstring>
 
 void fixNumberFormat()
 {
@@ -10,7 +11,7 @@ void fixNumberFormat()
     QLocale::setDefault(QLocale(QLocale::C, QLocale::AnyCountry));
 }
 
-bool takesBatchPath(const QStringList &args)
+bool takesBatchPath(int argc, char *argv[])
 {
-    return args.size() >= 3 && args.at(0) != QLatin1String("-d");
+    return argc >= 3 && std::strcmp(argv[0], "-d") != 0;
 }

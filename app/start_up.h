@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QStringList>
-
 // Start-up steps shared by the program and its window module.
 
 // All number text of the process in the C format, whatever the machine's
@@ -11,5 +9,6 @@
 void fixNumberFormat();
 
 // Three or more entries take the batch path, unless entry 0, the program's
-// own path, is "-d". Entry 1 is not looked at.
-bool takesBatchPath(const QStringList &args);
+// own path, is "-d". Entry 1 is not looked at. The entries are those left
+// once an application object has taken its own options, if there is one.
+bool takesBatchPath(int argc, char *argv[]);

@@ -67,9 +67,8 @@ void DescPrefetch::start(const QString &descPath, const QString &readPath)
 bool DescPrefetch::take(const QString &descPath, const QString &readPath, XmlNode *treeOut,
                         DescModel **descOut)
 {
-    if (!worker.joinable() && guessedReadPath.isEmpty())
-        return false;
-    if (descPath != guessedDescPath || readPath != guessedReadPath)
+    // Nothing started, or taken already, leaves no read path.
+    if (guessedReadPath.isEmpty() || descPath != guessedDescPath || readPath != guessedReadPath)
         return false;
     wait();
     *treeOut = root;

@@ -39,6 +39,14 @@ int openCapacity(int count, int step)
     return size;
 }
 
+// Whether an open array of `count` entries is full: `count` is `step`
+// doubled a whole number of times.
+bool isFull(int count, int step)
+{
+    const int blocks = count / step;
+    return count % step == 0 && blocks > 0 && (blocks & (blocks - 1)) == 0;
+}
+
 // Reallocates `array` so that index `count` fits. Step 0, the rule of
 // finished nodes, grows by one entry.
 template <typename T> void growFor(T *&array, int count, int step)
@@ -46,7 +54,9 @@ template <typename T> void growFor(T *&array, int count, int step)
     int size = -1;
     if (step == 0)
         size = count + 1;
-    else if (array == nullptr || openCapacity(count + 1, step) > openCapacity(count, step))
+    else if (array == nullptr)
+        size = openCapacity(count + 1, step);
+    else if (isFull(count, step))
         size = openCapacity(count + 1, step);
     if (size > 0)
         array = static_cast<T *>(realloc(array, sizeof(T) * size));

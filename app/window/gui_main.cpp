@@ -25,11 +25,10 @@ extern "C" Q_DECL_EXPORT int quvaGuiMain(int argc, char **argv)
     static_assert(std::is_same_v<decltype(&quvaGuiMain), GuiEntry>);
     QApplication app(argc, argv);
     fixNumberFormat();
-    const QStringList args = QCoreApplication::arguments();
-    if (takesBatchPath(args)) {
+    if (takesBatchPath(argc, argv)) {
         BatchBoxReporter boxes;
         ReporterScope scope(&boxes);
-        return runBatch(args);
+        return runBatch(QCoreApplication::arguments());
     }
     return runInteractive();
 }
