@@ -6,7 +6,7 @@
 #include "core/window_place.h"
 #include "core/window_query.h"
 
-#include "xml/text_convert.h"
+#include "text/text_convert.h"
 #include "xml/xml_node.h"
 
 #include <QFile>

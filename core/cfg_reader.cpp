@@ -3,7 +3,7 @@
 #include "core/cfg_attributes.h"
 #include "core/cfg_model.h"
 
-#include "xml/text_convert.h"
+#include "text/text_convert.h"
 #include "xml/xml_node.h"
 
 #include <cstdlib>

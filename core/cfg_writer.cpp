@@ -6,7 +6,7 @@
 #include "core/cfg_model.h"
 #include "core/window_place.h"
 
-#include "xml/text_convert.h"
+#include "text/text_convert.h"
 #include "xml/xml_node.h"
 
 #include <QFileInfo>

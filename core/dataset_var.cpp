@@ -1,6 +1,6 @@
 #include "core/dataset_var.h"
 
-#include "xml/text_convert.h"
+#include "text/text_convert.h"
 #include "xml/xml_node.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "expr/input_var.h"
 
-#include "xml/text_convert.h"
+#include "text/text_convert.h"
 #include "xml/xml_escape.h"
 #include "xml/xml_node.h"
 

@@ -1,4 +1,4 @@
-#include "xml/text_convert.h"
+#include "text/text_convert.h"
 
 #include <QtTest>
 

@@ -3,7 +3,7 @@
 
 #include "xml_test_support.h"
 
-#include "xml/code_page.h"
+#include "text/code_page.h"
 
 #include <QProcess>
 #include <QtTest>

@@ -1,6 +1,6 @@
 #include "xml/xml_file.h"
 
-#include "xml/code_page.h"
+#include "text/code_page.h"
 #include "xml/xml_node.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "expr/engine_fast/mup_value_reader.h"
 
 #include "expr/engine_fast/mup_error.h"
-#include "xml/number_text.h"
+#include "text/number_text.h"
 
 namespace mup {
 

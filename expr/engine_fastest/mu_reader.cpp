@@ -2,10 +2,10 @@
 
 #include "expr/engine_fastest/mu_bytecode.h"
 
-#if __has_include("xml/text_convert.h")
-#include "xml/text_convert.h"
+#if __has_include("text/text_convert.h")
+#include "text/text_convert.h"
 #else
-#include "xml/number_text.h"
+#include "text/number_text.h"
 #endif
 
 #include <cwchar>

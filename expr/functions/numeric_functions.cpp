@@ -3,7 +3,7 @@
 #include "expr/expr_context.h"
 #include "expr/functions/function_support.h"
 #include "expr/functions/mt19937.h"
-#include "xml/number_text.h"
+#include "text/number_text.h"
 
 #include <cmath>
 

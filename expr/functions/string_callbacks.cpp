@@ -2,7 +2,7 @@
 
 #include "expr/functions/numeric_callbacks.h"
 #include "expr/functions/string_functions.h"
-#include "xml/trim.h"
+#include "text/trim.h"
 
 using quva::isStringValue;
 

@@ -1,7 +1,7 @@
 #include "expr/functions/string_functions.h"
 
 #include "expr/functions/function_support.h"
-#include "xml/number_text.h"
+#include "text/number_text.h"
 
 #include <QByteArray>
 

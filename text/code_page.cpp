@@ -1,4 +1,4 @@
-#include "xml/code_page.h"
+#include "text/code_page.h"
 
 #include <cstdint>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "xml/trim.h"
+#include "text/trim.h"
 
 namespace {
 

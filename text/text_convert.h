@@ -4,10 +4,10 @@
 // typed reading of attributes, the number readers of the expression language,
 // Base64, trimming, and the number form of the files.
 
-#include "xml/base64.h"
-#include "xml/number_text.h"
-#include "xml/stream_number.h"
-#include "xml/trim.h"
+#include "text/base64.h"
+#include "text/number_text.h"
+#include "text/stream_number.h"
+#include "text/trim.h"
 
 // Typed reading of an attribute's text, which may be null. They use the C
 // library, so the number format is that of its locale, which the program

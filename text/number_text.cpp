@@ -1,4 +1,4 @@
-#include "xml/number_text.h"
+#include "text/number_text.h"
 
 #include <cfloat>
 #include <cstdint>

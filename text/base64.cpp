@@ -1,4 +1,4 @@
-#include "xml/base64.h"
+#include "text/base64.h"
 
 #include <cstdlib>
 

@@ -1,4 +1,4 @@
-#include "xml/stream_number.h"
+#include "text/stream_number.h"
 
 #include <charconv>
 #include <cmath>
