@@ -89,7 +89,7 @@ bool handleInfoOption(const QStringList &args)
 int runBatch(const QStringList &args)
 {
     setOneShotLoading(true);
-    std::unique_ptr<CfgModel> cfg(loadCfgFile(nullptr, args.value(1), true, false, QString()));
+    std::unique_ptr<CfgModel> cfg = loadCfgFile(args.value(1), true, nullptr, QString()).model;
     if (!cfg) {
         reportMessage(MessageIcon::Critical, QStringLiteral("Loading .CfgXML file"),
                       QStringLiteral("error loading .CfgXML file"));

@@ -186,7 +186,7 @@ void BM_LoadCfgFile(benchmark::State &state)
 {
     const Dataset &data = dataset();
     for (auto _ : state) {
-        std::unique_ptr<CfgModel> model(loadCfgFile(nullptr, data.cfgPath, true, false, QString()));
+        std::unique_ptr<CfgModel> model(loadCfgFile(data.cfgPath, true, nullptr, QString()).model.release());
         if (!model)
             state.SkipWithError("load failed");
         benchmark::DoNotOptimize(model.get());
@@ -197,7 +197,7 @@ void BM_LoadCfgFile(benchmark::State &state)
 void BM_CfgFileBytes(benchmark::State &state)
 {
     std::unique_ptr<CfgModel> model(
-        loadCfgFile(nullptr, dataset().cfgPath, true, false, QString()));
+        loadCfgFile(dataset().cfgPath, true, nullptr, QString()).model.release());
     for (auto _ : state) {
         const QByteArray bytes = cfgFileBytes(*model);
         benchmark::DoNotOptimize(bytes.constData());
@@ -208,10 +208,10 @@ void BM_CfgFileBytes(benchmark::State &state)
 void BM_SaveCfgFile(benchmark::State &state)
 {
     std::unique_ptr<CfgModel> model(
-        loadCfgFile(nullptr, dataset().cfgPath, true, false, QString()));
+        loadCfgFile(dataset().cfgPath, true, nullptr, QString()).model.release());
     model->cfgFileName = dataset().dir.filePath("saved.CfgXML");
     for (auto _ : state) {
-        if (!saveCfgFile(*model, nullptr))
+        if (!saveCfgFile(*model))
             state.SkipWithError("save failed");
     }
     state.counters["columns"] = model->columnCount();

@@ -3,8 +3,6 @@
 #include "core/cfg_model.h"
 #include "core/desc_prefetch.h"
 #include "core/reporter.h"
-#include "core/window_place.h"
-#include "core/window_query.h"
 
 #include "text/text_convert.h"
 #include "xml/xml_node.h"
@@ -12,7 +10,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <cstdlib>
 #include <vector>
 
 namespace {
@@ -64,13 +61,6 @@ CfgModel *fail(WaitCursor &cursor, bool showErrors, const QString &text)
     return nullptr;
 }
 
-// 0: go on; anything else: another window has the file.
-int askOtherWindow(QObject *window, const QString &path)
-{
-    return windowQuery()->checkAlreadyOpen(window, QStringLiteral("Quva"), path,
-                                           QStringLiteral("Quva Cfg XML Editor Warning"));
-}
-
 CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QString &descPath,
                       bool showErrors, WaitCursor &cursor, DescPrefetch *prefetch = nullptr)
 {
@@ -105,19 +95,22 @@ CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QStr
 
 } // namespace
 
-CfgModel *loadCfgFile(QObject *window, QString path, bool showErrors, bool askOtherWindows,
-                      const QString &currentPath)
+CfgLoad loadCfgFile(QString path, bool showErrors, const OtherWindowCheck &askOtherWindows,
+                    const QString &currentPath)
 {
+    CfgLoad result;
     WaitCursor cursor;
-    if (path.isEmpty())
-        return fail(cursor, showErrors, QStringLiteral("Error: null Cfg file?"));
+    if (path.isEmpty()) {
+        fail(cursor, showErrors, QStringLiteral("Error: null Cfg file?"));
+        return result;
+    }
     path = QFileInfo(path).absoluteFilePath();
     if (askOtherWindows && path != currentPath) {
-        const int answer = askOtherWindow(window, path);
-        if (answer == 1)
-            return nullptr;
+        const int answer = askOtherWindows(path);
         if (answer == 2)
-            std::exit(0); // the other window has taken over the file
+            result.endProcess = true; // the other window has taken over the file
+        if (answer == 1 || answer == 2)
+            return result;
     }
     if (!path.endsWith(QLatin1String(".CfgXML")))
         path += QLatin1String(".CfgXML");
@@ -130,22 +123,30 @@ CfgModel *loadCfgFile(QObject *window, QString path, bool showErrors, bool askOt
     const XmlNode root = readXmlFile(path, "QUV_Config");
     keepTree(root);
     const QString descPath = QString::fromUtf8(root.childNode("DescriptionFile").textAt(0));
-    if (root.isEmpty() || descPath.isEmpty())
-        return fail(cursor, showErrors, QStringLiteral("Error: Cfg file not loaded"));
-    restoreWorkingSpace(window, root);
-    return buildModels(root, path, descPath, showErrors, cursor, &prefetch);
+    if (root.isEmpty() || descPath.isEmpty()) {
+        fail(cursor, showErrors, QStringLiteral("Error: Cfg file not loaded"));
+        return result;
+    }
+    result.place = workingSpaceOf(root);
+    result.model.reset(buildModels(root, path, descPath, showErrors, cursor, &prefetch));
+    return result;
 }
 
-CfgModel *loadDescFile(QObject *window, QString path, bool showErrors, bool askOtherWindows,
-                       const QString &currentPath)
+CfgLoad loadDescFile(QString path, bool showErrors, const OtherWindowCheck &askOtherWindows,
+                     const QString &currentPath)
 {
+    CfgLoad result;
     WaitCursor cursor;
-    if (path.isEmpty())
-        return fail(cursor, showErrors, QStringLiteral("Error: null description file?"));
+    if (path.isEmpty()) {
+        fail(cursor, showErrors, QStringLiteral("Error: null description file?"));
+        return result;
+    }
     if (!path.endsWith(QLatin1String(".DescXML")))
         path += QLatin1String(".DescXML");
-    if (!QFile::exists(path))
-        return fail(cursor, showErrors, QStringLiteral("Error: description file not found"));
+    if (!QFile::exists(path)) {
+        fail(cursor, showErrors, QStringLiteral("Error: description file not found"));
+        return result;
+    }
     const QFileInfo info(path);
     path = info.absoluteFilePath();
     // No separator between the folder and the name: a configuration lying
@@ -154,14 +155,15 @@ CfgModel *loadDescFile(QObject *window, QString path, bool showErrors, bool askO
     QString sibling = info.absolutePath() + info.completeBaseName() + QLatin1String(".CfgXML");
     XmlNode root;
     if (QFile::exists(sibling)) {
-        if (askOtherWindows && sibling != currentPath && askOtherWindow(window, sibling) != 0)
-            return nullptr;
+        if (askOtherWindows && sibling != currentPath && askOtherWindows(sibling) != 0)
+            return result;
         root = readXmlFile(sibling, "QUV_Config");
     } else {
         sibling.clear();
     }
-    restoreWorkingSpace(window, root);
-    return buildModels(root, sibling, path, showErrors, cursor);
+    result.place = workingSpaceOf(root);
+    result.model.reset(buildModels(root, sibling, path, showErrors, cursor));
+    return result;
 }
 
 void setOneShotLoading(bool oneShot)
@@ -174,21 +176,4 @@ CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QStr
 {
     WaitCursor cursor;
     return buildModels(cfgRoot, cfgPath, descPath, showErrors, cursor);
-}
-
-void restoreWorkingSpace(QObject *window, const XmlNode &cfgRoot)
-{
-    if (!window)
-        return;
-    const XmlNode space = cfgRoot.childNode("WorkingSpace");
-    int x = chk_atoi(space.attribute("x"), 200);
-    int y = chk_atoi(space.attribute("y"), 200);
-    const QSize desktop = desktopSize();
-    if (desktop.isValid() && (x > desktop.width() || y > desktop.height())) {
-        x = 200;
-        y = 200;
-    }
-    const int w = chk_atoi(space.attribute("w"), 500);
-    const int h = chk_atoi(space.attribute("h"), 400);
-    placeWindow(window, QSize(w, h), QPoint(x, y));
 }

@@ -1,40 +1,54 @@
 #pragma once
 
+#include "core/working_space.h"
+
 #include <QString>
 
-class QObject;
+#include <functional>
+#include <memory>
+#include <optional>
+
 class XmlNode;
 struct CfgModel;
 
 // Opening a configuration with its description. Each load shows the wait
 // cursor while it runs and reports its failures through reportMessage() when
-// `showErrors` is set; a failed load returns null and changes nothing.
-//
-// `window` is the main window (any object with the "pos" and "size"
-// properties of a widget), or null; a load gives it the place stored in the
-// configuration. With `askOtherWindows`, a file held by another window of
-// the product family (windowQuery()) is not opened here twice; `currentPath`
-// is the file this window holds already, which needs no asking.
+// `showErrors` is set; a failed load returns no record and changes nothing.
+
+// Asked before a file is opened that another window of the product family
+// may hold already. 0: nobody has it, go on. 1: another window has it and
+// the user keeps it there. 2: the user had the other window take it over.
+using OtherWindowCheck = std::function<int(const QString &path)>;
+
+// What a load gives back to the window that asked for it.
+struct CfgLoad
+{
+    std::unique_ptr<CfgModel> model; // null when the load failed
+    // The window place stored in the configuration, set as soon as the
+    // configuration was read, even when its description then fails.
+    std::optional<WorkingSpace> place;
+    // Another window took the file over: this process should end with 0.
+    bool endProcess = false;
+};
 
 // Opens a .CfgXML and the description it names. The suffix ".CfgXML" is
-// added when the path lacks it.
-CfgModel *loadCfgFile(QObject *window, QString path, bool showErrors, bool askOtherWindows,
-                      const QString &currentPath);
+// added when the path lacks it. With a check, a path other than
+// `currentPath` (the file this window holds) is first asked about.
+CfgLoad loadCfgFile(QString path, bool showErrors, const OtherWindowCheck &askOtherWindows,
+                    const QString &currentPath);
 
 // Opens a .DescXML, with the configuration found beside it or, failing that,
-// the default configuration that the description carries.
-CfgModel *loadDescFile(QObject *window, QString path, bool showErrors, bool askOtherWindows,
-                       const QString &currentPath);
+// the default configuration that the description carries. Any answer of the
+// check but 0 abandons the load; the process never ends here.
+CfgLoad loadDescFile(QString path, bool showErrors, const OtherWindowCheck &askOtherWindows,
+                     const QString &currentPath);
 
 // Builds both records: the description from `descPath`, the configuration
 // from `cfgRoot`, or from the description's own QUV_Config when `cfgRoot` is
-// empty. A relative `descPath` is taken from the folder of `cfgPath`.
+// empty. A relative `descPath` is taken from the folder of `cfgPath`. The
+// caller owns the result.
 CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QString &descPath,
                       bool showErrors);
-
-// Gives `window` (may be null) the place of the WorkingSpace element of
-// `cfgRoot`; a position beyond the desktop falls back to 200, 200.
-void restoreWorkingSpace(QObject *window, const XmlNode &cfgRoot);
 
 // For a process that ends right after its work, such as the batch path.
 // While set, the trees that the loads parse are kept to the end of the

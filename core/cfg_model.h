@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/desc_model.h"
+#include "core/working_space.h"
 #include "expr/input_var.h"
 
 #include <QDateTime>
@@ -9,7 +10,6 @@
 #include <QStringList>
 #include <QVector>
 
-class QObject;
 class XmlNode;
 
 // The in-memory form of one .CfgXML: every parameter of the engine, the
@@ -125,9 +125,9 @@ QString descFilePath(const CfgModel &model);
 // The whole .CfgXML text of the record, byte for byte as it is saved.
 QByteArray cfgFileBytes(const CfgModel &model);
 
-// Saves the record under cfgFileName. A window (a widget, read through its
-// "pos" and "size" properties) gives its place to the WorkingSpace element
-// first. The file is written whole to a temporary file beside the target
+// Saves the record under cfgFileName. The place of the window, when one is
+// given, goes into the WorkingSpace fields first; without one they stay as
+// they were read. The file is written whole to a temporary file beside the target
 // and renamed over it. Returns false, with no message, when the file could
 // not be written; an existing file is then unchanged.
-bool saveCfgFile(CfgModel &model, QObject *window);
+bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace = nullptr);

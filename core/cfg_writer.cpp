@@ -4,7 +4,6 @@
 
 #include "core/cfg_attributes.h"
 #include "core/cfg_model.h"
-#include "core/window_place.h"
 
 #include "text/text_convert.h"
 #include "xml/xml_node.h"
@@ -263,19 +262,17 @@ QByteArray cfgFileBytes(const CfgModel &model)
     return out;
 }
 
-bool saveCfgFile(CfgModel &model, QObject *window)
+bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace)
 {
     QByteArray out;
     out.reserve(expectedSize(model));
     appendPrologue(out);
     appendRootTag(out, model);
-    QPoint pos;
-    QSize size;
-    if (window && windowPlace(window, &pos, &size)) {
-        model.workingSpaceW = size.width();
-        model.workingSpaceH = size.height();
-        model.workingSpaceX = pos.x();
-        model.workingSpaceY = pos.y();
+    if (windowPlace) {
+        model.workingSpaceW = windowPlace->w;
+        model.workingSpaceH = windowPlace->h;
+        model.workingSpaceX = windowPlace->x;
+        model.workingSpaceY = windowPlace->y;
     }
     appendBody(out, model);
     freeEscapeBuffer(&xmlEscapeBuffer);

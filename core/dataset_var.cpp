@@ -11,8 +11,6 @@
 
 namespace {
 
-NominalPanelFactory nominalPanelFactory = nullptr;
-
 // The modality of the dummy of index m: see readColumns.
 QString dummyModality(int m, const QStringList *texts, const QStringList *labels)
 {
@@ -60,11 +58,6 @@ DatasetVar::DatasetVar(char varType, const char *defaultGroup, const XmlNode &co
 }
 
 DatasetVar::~DatasetVar() = default;
-
-QWidget *DatasetVar::createEditPanel(QWidget *, const QString &, QObject *)
-{
-    return nullptr;
-}
 
 void DatasetVar::readColumns(const XmlNode &col, const QStringList *texts,
                              const QStringList *labels, QVector<DatasetColumn> &records)
@@ -183,18 +176,8 @@ EqualVar::EqualVar(const XmlNode &col, int index, int loc, QVector<DatasetColumn
     readColumns(col, &values, &labels, records);
 }
 
-QWidget *EqualVar::createEditPanel(QWidget *parent, const QString &title, QObject *editor)
-{
-    return nominalPanelFactory ? nominalPanelFactory(this, parent, title, editor) : nullptr;
-}
-
 BinaryVar::BinaryVar(const XmlNode &col, int index, int loc, QVector<DatasetColumn> &records)
     : DatasetVar('B', "BINARY", col, index, loc)
 {
     readColumns(col, nullptr, nullptr, records);
-}
-
-void setNominalPanelFactory(NominalPanelFactory factory)
-{
-    nominalPanelFactory = factory;
 }

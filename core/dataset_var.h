@@ -6,8 +6,6 @@
 #include <QStringList>
 #include <QVector>
 
-class QObject;
-class QWidget;
 class XmlNode;
 
 // One variable of the dataset, as the description lists it, and the columns
@@ -19,11 +17,6 @@ public:
     virtual ~DatasetVar();
     DatasetVar(const DatasetVar &) = delete;
     DatasetVar &operator=(const DatasetVar &) = delete;
-
-    // A widget that helps writing a clause on this variable into `editor`,
-    // or null when the variable has none. `title` is the variable's name in
-    // the expression. The caller owns the result.
-    virtual QWidget *createEditPanel(QWidget *parent, const QString &title, QObject *editor);
 
     QString name;
     QString label;   // the attribute, or the name when the attribute is absent
@@ -61,8 +54,6 @@ class EqualVar final : public DatasetVar
 public:
     EqualVar(const XmlNode &col, int index, int loc, QVector<DatasetColumn> &records);
 
-    QWidget *createEditPanel(QWidget *parent, const QString &title, QObject *editor) override;
-
     QStringList values;
     QStringList labels;
 };
@@ -78,10 +69,3 @@ public:
 // "a <x<= b" for each pair of different neighbouring limits and "x=a" for
 // equal ones.
 QStringList limitTexts(const double *limits, int count);
-
-// The panel that lists the modalities of a nominal variable lives with the
-// widgets; that layer installs its constructor here. Without one, a nominal
-// variable offers no panel.
-using NominalPanelFactory = QWidget *(*)(EqualVar *var, QWidget *parent, const QString &title,
-                                         QObject *editor);
-void setNominalPanelFactory(NominalPanelFactory factory);

@@ -1,11 +1,21 @@
 #include "shell/main_window.h"
 
-#include "core/cfg_load.h"
 #include "core/cfg_model.h"
 #include "edit/undo_commands.h"
+#include "panels/data_partitioning_page.h"
+#include "panels/modality_recodings_page.h"
+#include "panels/model_param1_page.h"
+#include "panels/model_param2_page.h"
+#include "panels/quva_page.h"
+#include "panels/select_line_page.h"
+#include "panels/select_variables_page.h"
+#include "panels/target_definition_page.h"
+#include "shell/cfg_document.h"
+#include "shell/create_model_page.h"
 #include "shell/execute_panel.h"
-#include "shell/main_window_broker.h"
 #include "shell/settings.h"
+#include "shell/window_broker.h"
+#include "shell/window_place.h"
 #include "ui_main_window.h"
 
 #include <QApplication>
@@ -14,15 +24,8 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QMenu>
-#include <QUndoStack>
 #include <QUndoView>
 #include <QUrl>
-
-// Resources of a static library are registered by hand.
-static void initMainWindowResources()
-{
-    Q_INIT_RESOURCE(main_window);
-}
 
 QString windowBaseTitle()
 {
@@ -30,30 +33,25 @@ QString windowBaseTitle()
 }
 
 QuvaCfgXMLEditor::QuvaCfgXMLEditor(QWidget *parent)
-    : QMainWindow(parent), varListWindow(this, true), ui(new Ui::QuvaCfgXMLEditor),
-      guiReporter(this)
+    : QMainWindow(parent), ui(new Ui::QuvaCfgXMLEditor), guiReporter(this),
+      doc(new CfgDocument(this))
 {
-    initMainWindowResources();
-    updatingPanel = true;
+    setUpdatingPanel(true);
     ui->setupUi(this);
     setReporter(&guiReporter);
-
-    setUpExecution();
     ui->mainToolBar->hide();
     ui->statusBar->hide();
     setUpRecentFilesMenu();
     setUpPages();
     setUpUndo();
-    setUpMainPanel();
-    // The sliders and tables of the parameter pages are set up here by the
-    // pages themselves, in the order of the row of tabs.
+    setUpDocument();
 
     qApp->installEventFilter(this);
     openCommandLineFile();
-    if (!cfg)
-        refreshAfterLoad(QString(), false);
+    if (!cfg())
+        refreshAfterLoad();
     resize(800, 40);
-    updatingPanel = false;
+    setUpdatingPanel(false);
 }
 
 QuvaCfgXMLEditor::~QuvaCfgXMLEditor()
@@ -61,79 +59,100 @@ QuvaCfgXMLEditor::~QuvaCfgXMLEditor()
     qApp->removeEventFilter(this);
     if (reporter() == &guiReporter)
         setReporter(nullptr);
-    // Commands point into the record: the stack goes first.
-    delete undoView;
-    delete undoStack;
-    delete cfg;
+    // Nothing reaches this window while it is taken apart, and the pages go
+    // before the document whose record they show.
+    ui->twMain->disconnect(this);
+    doc->undoStack()->disconnect(this);
+    doc->disconnect(this);
+    delete ui->centralWidget;
+    delete stackView;
+    delete doc;
     delete ui;
 }
 
-void QuvaCfgXMLEditor::setUpExecution()
+CfgModel *QuvaCfgXMLEditor::cfg() const
 {
-    executePanel = new ExecutePanel(this, true);
+    return doc->cfg();
+}
+
+QUndoStack *QuvaCfgXMLEditor::undoStack() const
+{
+    return doc->undoStack();
+}
+
+// The row of tabs in the order of the page numbers; the optional pages
+// (1, 2, 3 and 7) start out of it.
+void QuvaCfgXMLEditor::setUpPages()
+{
+    pages = PageTable(ui->twMain);
+    PageContext &context = *this;
+    quvaPage = new QuvaPage(context);
+    connect(quvaPage, &QuvaPage::openConfigRequested, this,
+            &QuvaCfgXMLEditor::on_actionOpenConfigFile_triggered);
+    pages.add(PageQuva, quvaPage);
+    pages.add(PageDataPartitioning, new DataPartitioningPage(context));
+    pages.add(PageModelParam1, new ModelParam1Page(context));
+    pages.add(PageModelParam2, new ModelParam2Page(context));
+    pages.add(PageSelectVariables, new SelectVariablesPage(context));
+    pages.add(PageSelectLine, new SelectLinePage(context));
+    pages.add(PageTargetDefinition, new TargetDefinitionPage(context));
+    pages.add(PageModalityRecodings, new ModalityRecodingsPage(context));
+    pages.add(PageCreateModel, new CreateModelPage(context));
     // The page that applies a finished model; its controls come with the
     // apply panel.
-    applyPanel = new QWidget(this);
-    applyPanel->setObjectName(QStringLiteral("applyPanel"));
-    ui->twMain->addTab(applyPanel, QStringLiteral("Apply model"));
-    connect(executePanel, &ExecutePanel::myFinishExe, this, &QuvaCfgXMLEditor::on_myFinishExe);
-    connect(executePanel, &ExecutePanel::myProgressBar, this,
-            &QuvaCfgXMLEditor::on_myProgressBar);
-    ui->twMain->addTab(executePanel, QStringLiteral("Execution Log"));
+    apply = new QWidget(this);
+    apply->setObjectName(QStringLiteral("applyPanel"));
+    pages.add(PageApply, apply, QStringLiteral("Apply model"));
+    execute = new ExecutePanel(this, true);
+    pages.add(PageExecute, execute, QStringLiteral("Execution Log"));
+
+    ui->twMain->setCurrentIndex(0);
+    for (int optional : {PageModalityRecodings, PageModelParam2, PageModelParam1,
+                         PageDataPartitioning})
+        pages.hide(optional);
+    connect(ui->twMain, &QTabWidget::currentChanged, this, &QuvaCfgXMLEditor::updatePanel);
 }
 
 void QuvaCfgXMLEditor::setUpRecentFilesMenu()
 {
-    recentFilesMenu = new QMenu(QStringLiteral("Recent .CfgXML Files"), ui->menuFile);
-    recentFilesMenu->setObjectName(QStringLiteral("menuRecentCfgXML"));
-    ui->menuFile->insertMenu(ui->actionExit, recentFilesMenu);
+    recentMenu = new QMenu(QStringLiteral("Recent .CfgXML Files"), ui->menuFile);
+    recentMenu->setObjectName(QStringLiteral("menuRecentCfgXML"));
+    ui->menuFile->insertMenu(ui->actionExit, recentMenu);
     ui->menuFile->insertSeparator(ui->actionExit);
     for (int i = 0; i < maxRecentFiles; ++i) {
         auto *action = new QAction(this);
         action->setVisible(false);
         connect(action, &QAction::triggered, this, &QuvaCfgXMLEditor::on_openRecentFile);
-        recentFilesMenu->addAction(action);
-        recentFileActions.append(action);
+        recentMenu->addAction(action);
+        recentActions.append(action);
     }
-    connect(recentFilesMenu, &QMenu::aboutToShow, this,
-            &QuvaCfgXMLEditor::on_displayRecentFileList);
-}
-
-void QuvaCfgXMLEditor::setUpPages()
-{
-    ui->twMain->setCurrentIndex(0);
-    for (int i : {7, 3, 2, 1})
-        ui->twMain->removeTab(i);
-    pages = {ui->tQuva,          ui->tDataPartitioning, ui->tModelParam1,
-             ui->tModelParam2,   ui->tSelectVariables,  ui->tSelectLine,
-             ui->tTargetDefinition, ui->tModalityRecodings, ui->tCreateModel,
-             applyPanel,         executePanel};
+    connect(recentMenu, &QMenu::aboutToShow, this, &QuvaCfgXMLEditor::on_displayRecentFileList);
 }
 
 void QuvaCfgXMLEditor::setUpUndo()
 {
-    undoStack = new QUndoStack();
-    connect(undoStack, &QUndoStack::cleanChanged, this, &QuvaCfgXMLEditor::on_cleanChanged);
-    connect(undoStack, &QUndoStack::indexChanged, this, &QuvaCfgXMLEditor::on_undoRedoActions);
-    connect(ui->twMain, &QTabWidget::currentChanged, this, &QuvaCfgXMLEditor::updatePanel);
-    stackUndoAction = undoStack->createUndoAction(this, QStringLiteral("&Undo"));
-    stackUndoAction->setShortcuts(QKeySequence::Undo);
-    stackRedoAction = undoStack->createRedoAction(this, QStringLiteral("&Redo"));
-    stackRedoAction->setShortcuts(QKeySequence::Redo);
+    QUndoStack *stack = doc->undoStack();
+    connect(stack, &QUndoStack::cleanChanged, this, &QuvaCfgXMLEditor::on_cleanChanged);
+    connect(stack, &QUndoStack::indexChanged, this, &QuvaCfgXMLEditor::on_undoRedoActions);
+    stackUndo = stack->createUndoAction(this, QStringLiteral("&Undo"));
+    stackUndo->setShortcuts(QKeySequence::Undo);
+    stackRedo = stack->createRedoAction(this, QStringLiteral("&Redo"));
+    stackRedo->setShortcuts(QKeySequence::Redo);
 
-    undoView = new QUndoView(undoStack);
-    undoView->setWindowTitle(QStringLiteral("Undo-stack List"));
-    undoView->setAttribute(Qt::WA_QuitOnClose, false);
-    undoView->hide();
+    stackView = new QUndoView(stack);
+    stackView->setWindowTitle(QStringLiteral("Undo-stack List"));
+    stackView->setAttribute(Qt::WA_QuitOnClose, false);
+    stackView->hide();
 }
 
-void QuvaCfgXMLEditor::setUpMainPanel()
+void QuvaCfgXMLEditor::setUpDocument()
 {
-    QPalette palette = ui->tQuva->palette();
-    palette.setColor(QPalette::Window, QColor(QStringLiteral("#F0F0F0")));
-    ui->tQuva->setPalette(palette);
-    ui->tQuva->setAutoFillBackground(true);
-    ui->lAppPath->setText(QStringLiteral("Quva: ") + QCoreApplication::applicationDirPath());
+    connect(doc, &CfgDocument::loaded, this, &QuvaCfgXMLEditor::refreshAfterLoad);
+    connect(doc, &CfgDocument::saved, this, &QuvaCfgXMLEditor::updateWindowTitle);
+    connect(doc, &CfgDocument::changedOnDisk, this, &QuvaCfgXMLEditor::on_fileChanged);
+    connect(doc, &CfgDocument::placeRead, this,
+            [this](const WorkingSpace &place) { restoreWorkingSpace(this, place); });
+    connect(doc, &CfgDocument::endProcessRequested, this, &QuvaCfgXMLEditor::endProcess);
 }
 
 // The comparison with "-d" looks at the program's own path, so a normal
@@ -149,16 +168,114 @@ void QuvaCfgXMLEditor::openCommandLineFile()
         openConfigFile(args.at(1), false);
 }
 
+// --- opening and saving ----------------------------------------------------
+
+void QuvaCfgXMLEditor::on_actionOpenConfigFile_triggered()
+{
+    openFromDialog(false);
+}
+
+void QuvaCfgXMLEditor::on_actionOpenDescriptionFile_triggered()
+{
+    openFromDialog(true);
+}
+
+void QuvaCfgXMLEditor::openFromDialog(bool description)
+{
+    const QString name =
+        description ? askOpenFileName(this, QStringLiteral("Open DescXML file"), lastDir(),
+                                      QStringLiteral("Quva Desc XML file (*.DescXML)"))
+                    : askOpenFileName(this, QStringLiteral("Open CfgXML file"), lastDir(),
+                                      QStringLiteral("Quva Cfg XML file (*.CfgXML)"));
+    if (name.isEmpty())
+        return;
+    if (description)
+        openDescriptionFile(name, true);
+    else
+        openConfigFile(name, true);
+    setLastDir(name);
+}
+
+void QuvaCfgXMLEditor::openConfigFile(const QString &path, bool notifyBroker)
+{
+    ui->twMain->setCurrentIndex(0);
+    doc->openConfigFile(path, notifyBroker);
+}
+
+// The tab in view stays until refreshAfterLoad changes it.
+void QuvaCfgXMLEditor::openDescriptionFile(const QString &path, bool notifyBroker)
+{
+    doc->openDescriptionFile(path, notifyBroker);
+}
+
+void QuvaCfgXMLEditor::refreshAfterLoad()
+{
+    ui->twMain->setCurrentIndex(0);
+    // A description that names its own target leaves the target page no
+    // choice.
+    targetIsEditable = cfg() && cfg()->desc->target.isEmpty();
+    pages.setOptionalTabsEnabled(cfg() != nullptr);
+    pages.setUpAfterLoad();
+    updateWindowTitle();
+}
+
+// Another window has taken over the file: this one leaves at once, with no
+// further question.
+void QuvaCfgXMLEditor::endProcess()
+{
+    close();
+    QCoreApplication::exit(0);
+}
+
+bool QuvaCfgXMLEditor::saveConfig(bool askName)
+{
+    return doc->saveConfig(askName, workingSpaceOfWindow(this));
+}
+
+void QuvaCfgXMLEditor::on_actionSaveConfigFile_triggered()
+{
+    saveConfig(false);
+}
+
+void QuvaCfgXMLEditor::on_actionSaveAsConfigFile_triggered()
+{
+    saveConfig(true);
+}
+
+void QuvaCfgXMLEditor::on_openRecentFile()
+{
+    if (auto *action = qobject_cast<QAction *>(sender()))
+        openConfigFile(action->data().toString(), true);
+}
+
+// Entries are shown, never hidden again while the program runs.
+void QuvaCfgXMLEditor::on_displayRecentFileList()
+{
+    const QStringList files = settingsStringList(recentCfgXmlKey());
+    for (int i = qMin(files.size(), recentActions.size()) - 1; i >= 0; --i) {
+        QAction *action = recentActions.at(i);
+        action->setVisible(true);
+        action->setText(files.at(i));
+        action->setData(files.at(i));
+    }
+}
+
+void QuvaCfgXMLEditor::updateWindowTitle()
+{
+    const QString name = doc->fileName();
+    if (!name.isEmpty()) {
+        setWindowTitle(windowBaseTitle() + QStringLiteral(" - ") + name
+                       + (undoStack()->isClean() ? QString() : QStringLiteral("*")));
+    } else {
+        setWindowTitle(windowBaseTitle());
+    }
+}
+
 // --- refresh path ---------------------------------------------------------
 
 int QuvaCfgXMLEditor::currentPageIndex() const
 {
-    const QWidget *current = ui->twMain->currentWidget();
-    for (int i = PageApply; i >= 0; --i) {
-        if (pages.value(i) == current)
-            return i;
-    }
-    return -1;
+    return pages.currentNumber();
 }
 
 void QuvaCfgXMLEditor::updatePanel()
@@ -168,37 +285,9 @@ void QuvaCfgXMLEditor::updatePanel()
 
 void QuvaCfgXMLEditor::updatePanelIdx(int idx)
 {
-    ui->actionUndo->setEnabled(undoStack->canUndo());
-    ui->actionRedo->setEnabled(undoStack->canRedo());
-    switch (idx) {
-    case PageQuva:
-        refreshMainPanel();
-        break;
-    case PageDataPartitioning:
-        refreshDataPartitioningPanel();
-        break;
-    case PageModelParam1:
-        refreshModelParameters1Panel();
-        break;
-    case PageModelParam2:
-        refreshModelParameters2Panel();
-        break;
-    case PageSelectVariables:
-        refreshVariablesPanel();
-        break;
-    case PageSelectLine:
-        refreshLineSelectionPanel();
-        break;
-    case PageTargetDefinition:
-        refreshTargetPanel();
-        break;
-    case PageModalityRecodings:
-        refreshModalityRecodingsPanel();
-        break;
-    case PageCreateModel:
-        refreshCreateModelPanel();
-        break;
-    default:
+    ui->actionUndo->setEnabled(undoStack()->canUndo());
+    ui->actionRedo->setEnabled(undoStack()->canRedo());
+    if (idx > PageCreateModel || !pages.refresh(idx)) {
         qDebug() << "not supposed to arrive here, wrong index";
         return;
     }
@@ -210,9 +299,9 @@ void QuvaCfgXMLEditor::updatePanelIdx(int idx)
 // the previous edit.
 void QuvaCfgXMLEditor::on_undoRedoActions(int idx)
 {
-    const auto *command = dynamic_cast<const QUndoCommandPanel *>(undoStack->command(idx - 1));
+    const auto *command = dynamic_cast<const QUndoCommandPanel *>(undoStack()->command(idx - 1));
     if (command && command->panel < PageCount) {
-        ui->twMain->setCurrentWidget(pages.at(command->panel));
+        pages.show(command->panel);
         updatePanelIdx(command->panel);
     } else {
         updatePanelIdx(currentPageIndex());
@@ -226,77 +315,45 @@ void QuvaCfgXMLEditor::on_cleanChanged(bool)
 
 void QuvaCfgXMLEditor::on_actionUndo_triggered()
 {
-    undoStack->undo();
+    undoStack()->undo();
 }
 
 void QuvaCfgXMLEditor::on_actionRedo_triggered()
 {
-    undoStack->redo();
+    undoStack()->redo();
 }
 
 void QuvaCfgXMLEditor::on_actionShowHideUndoStack_triggered()
 {
-    undoView->setVisible(!undoView->isVisible());
-}
-
-void QuvaCfgXMLEditor::refreshMainPanel()
-{
-    PanelRefreshScope scope(updatingPanel);
-    ui->lInterfaceLevel->setText(isAdvancedUser()
-                                     ? QStringLiteral("INTERFACE LEVEL: advanced")
-                                     : QStringLiteral("INTERFACE LEVEL: basic"));
-}
-
-void QuvaCfgXMLEditor::updateWindowTitle()
-{
-    if (cfg && !cfg->cfgFileName.isEmpty()) {
-        setWindowTitle(windowBaseTitle() + QStringLiteral(" - ") + cfg->cfgFileName
-                       + (undoStack->isClean() ? QString() : QStringLiteral("*")));
-    } else {
-        setWindowTitle(windowBaseTitle());
-    }
+    stackView->setVisible(!stackView->isVisible());
 }
 
 // --- pages and user level -------------------------------------------------
 
-void QuvaCfgXMLEditor::togglePage(QWidget *page, const QString &title)
+void QuvaCfgXMLEditor::togglePage(int page, const QString &title)
 {
-    if (!isAdvancedUser() || !cfg)
-        return;
-    QTabWidget *tabs = ui->twMain;
-    const int shown = tabs->indexOf(page);
-    if (shown >= 0) {
-        tabs->removeTab(shown);
-        return;
-    }
-    // Behind the nearest page before it that is shown; page 0 always is.
-    for (int before = pages.indexOf(page) - 1; before >= 0; --before) {
-        const int at = tabs->indexOf(pages.at(before));
-        if (at >= 0) {
-            tabs->insertTab(at + 1, page, title);
-            return;
-        }
-    }
+    if (isAdvancedUser() && cfg())
+        pages.toggle(page, title);
 }
 
 void QuvaCfgXMLEditor::on_actionDataPartioning_triggered()
 {
-    togglePage(ui->tDataPartitioning, QStringLiteral("Data Partitioning"));
+    togglePage(PageDataPartitioning, QStringLiteral("Data Partitioning"));
 }
 
 void QuvaCfgXMLEditor::on_actionModelParameters1_triggered()
 {
-    togglePage(ui->tModelParam1, QStringLiteral("Model Parameters (1)"));
+    togglePage(PageModelParam1, QStringLiteral("Model Parameters (1)"));
 }
 
 void QuvaCfgXMLEditor::on_actionModelParameters2_triggered()
 {
-    togglePage(ui->tModelParam2, QStringLiteral("Model Parameters (2)"));
+    togglePage(PageModelParam2, QStringLiteral("Model Parameters (2)"));
 }
 
 void QuvaCfgXMLEditor::on_actionModalityRecodings_triggered()
 {
-    togglePage(ui->tModalityRecodings, QStringLiteral("Modality Recodings"));
+    togglePage(PageModalityRecodings, QStringLiteral("Modality Recodings"));
 }
 
 void QuvaCfgXMLEditor::on_actionSwitchUserLevel_triggered()
@@ -314,27 +371,27 @@ void QuvaCfgXMLEditor::on_actionSwitchUserLevel_triggered()
 
 void QuvaCfgXMLEditor::on_actionNewWindow_triggered()
 {
-    windowBrokerCalls()->open(this, brokerProductWord(), QStringLiteral(".CfgXML"));
+    windowBroker()->open(this, brokerProductWord(), QStringLiteral(".CfgXML"));
 }
 
 void QuvaCfgXMLEditor::on_actionOpenWindowDSource_triggered()
 {
-    windowBrokerCalls()->open(this, brokerProductWord(), QStringLiteral(".DSourceXML"));
+    windowBroker()->open(this, brokerProductWord(), QStringLiteral(".DSourceXML"));
 }
 
 void QuvaCfgXMLEditor::on_actionOpenWindowMain_triggered()
 {
-    windowBrokerCalls()->open(this, brokerProductWord(), QStringLiteral(".MainMenu"));
+    windowBroker()->open(this, brokerProductWord(), QStringLiteral(".MainMenu"));
 }
 
 void QuvaCfgXMLEditor::on_actionOpenWindowType_triggered()
 {
-    windowBrokerCalls()->open(this, brokerProductWord(), QStringLiteral(".TypeXML"));
+    windowBroker()->open(this, brokerProductWord(), QStringLiteral(".TypeXML"));
 }
 
 void QuvaCfgXMLEditor::on_actionOpenWindowModel_triggered()
 {
-    windowBrokerCalls()->open(this, brokerProductWord(), QStringLiteral(".ModelXML"));
+    windowBroker()->open(this, brokerProductWord(), QStringLiteral(".ModelXML"));
 }
 
 // The quick guide lies beside the program; the desktop's PDF viewer opens it
@@ -359,54 +416,37 @@ void QuvaCfgXMLEditor::on_actionExit_triggered()
 // only warning. The files are handed back to the server.
 void QuvaCfgXMLEditor::closeEvent(QCloseEvent *event)
 {
-    if (cfg) {
-        windowBrokerCalls()->switchFile(this, brokerProductWord(), cfg->cfgFileName, QString());
-        windowBrokerCalls()->switchFile(this, brokerProductWord(), descFilePath(*cfg), QString());
-    }
+    doc->release();
     QMainWindow::closeEvent(event);
 }
 
 // --- change detection -----------------------------------------------------
 
-// While the application is inactive the watcher is emptied, so that nothing
-// is asked while the user works elsewhere; on return the modification times
-// are compared instead and the watcher is armed again.
+// While the application is inactive nothing is watched, so that nothing is
+// asked while the user works elsewhere; on return the modification times
+// are compared instead and the watch is armed again.
 bool QuvaCfgXMLEditor::eventFilter(QObject *object, QEvent *event)
 {
-    if (cfg && object == qApp && !inEventFilter) {
+    if (cfg() && object == qApp && !inEventFilter) {
         if (event->type() == QEvent::ApplicationDeactivate) {
             inEventFilter = true;
-            watchFiles(*cfg, QString(), QString());
+            doc->stopWatching();
             inEventFilter = false;
         } else if (event->type() == QEvent::ApplicationActivate) {
             inEventFilter = true;
-            checkTimesOnActivation();
+            doc->checkOnActivation();
             inEventFilter = false;
         }
     }
     return QMainWindow::eventFilter(object, event);
 }
 
-void QuvaCfgXMLEditor::checkTimesOnActivation()
-{
-    if (cfg->cfgFileName.isEmpty())
-        return;
-    // A reload replaces cfg, so every step reads it anew.
-    if (cfg->cfgLastModified.isValid()
-        && QFileInfo(cfg->cfgFileName).lastModified() != cfg->cfgLastModified)
-        on_fileChanged();
-    if (cfg->descLastModified.isValid()
-        && QFileInfo(descFilePath(*cfg)).lastModified() != cfg->descLastModified)
-        on_fileChanged();
-    watchFiles(*cfg, cfg->cfgFileName, descFilePath(*cfg));
-}
-
 void QuvaCfgXMLEditor::on_fileChanged()
 {
-    if (!cfg)
+    if (!cfg())
         return;
-    const QString text = QStringLiteral("WARNING: One or both the files\n  ") + cfg->cfgFileName
-                         + QStringLiteral("\n  ") + descFilePath(*cfg)
+    const QString text = QStringLiteral("WARNING: One or both the files\n  ") + doc->fileName()
+                         + QStringLiteral("\n  ") + descFilePath(*cfg())
                          + QStringLiteral("\nhave changed on disk.\n"
                                           "Do you want to re-load these files from disk?");
     const auto answer = askUser(this, UserQuestion{QMessageBox::Critical,
@@ -414,5 +454,5 @@ void QuvaCfgXMLEditor::on_fileChanged()
                                                    text, QMessageBox::Ok | QMessageBox::Cancel,
                                                    QMessageBox::Ok});
     if (answer == QMessageBox::Ok)
-        openConfigFile(cfg->cfgFileName, true);
+        openConfigFile(doc->fileName(), true);
 }

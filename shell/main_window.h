@@ -1,48 +1,36 @@
 #pragma once
 
+#include "panels/page.h"
 #include "shell/gui_reporter.h"
-#include "shell/var_list_window.h"
+#include "shell/page_table.h"
 
 #include <QMainWindow>
 #include <QString>
 #include <QVector>
 
 struct CfgModel;
+struct WorkingSpace;
+class CfgDocument;
 class ExecutePanel;
 class QAction;
 class QMenu;
 class QUndoStack;
 class QUndoView;
+class QuvaPage;
 
 namespace Ui {
 class QuvaCfgXMLEditor;
 }
 
-// Sets a flag such as updatingPanel for the lifetime of a page refresh and
-// gives it back its former value afterwards, so that the slots fired by
-// programmatic changes push nothing.
-class PanelRefreshScope
-{
-public:
-    explicit PanelRefreshScope(bool &flag) : flag(flag), previous(flag) { flag = true; }
-    ~PanelRefreshScope() { flag = previous; }
-    PanelRefreshScope(const PanelRefreshScope &) = delete;
-    PanelRefreshScope &operator=(const PanelRefreshScope &) = delete;
-
-private:
-    bool &flag;
-    bool previous;
-};
-
 // Title of the window when no named configuration is open.
 QString windowBaseTitle();
 
-// The editor's one top-level window. It owns the open configuration, the
-// undo stack that every edit goes through, the row of pages and the process
-// panel. A page never writes the record itself: it pushes a command, and the
-// stack's indexChanged() brings the page of the command into view and
-// refreshes it (on_undoRedoActions).
-class QuvaCfgXMLEditor : public QMainWindow
+// The editor's one top-level window. It shows one document (the open
+// configuration with its undo stack and files) on a row of pages, and holds
+// the menus. A page never writes the record itself: it pushes a command,
+// and the stack's indexChanged() brings the page of the command into view
+// and refreshes it (on_undoRedoActions).
+class QuvaCfgXMLEditor : public QMainWindow, private PageContext
 {
     Q_OBJECT
 
@@ -52,54 +40,36 @@ public:
 
     bool eventFilter(QObject *object, QEvent *event) override;
 
+    CfgDocument &document() const { return *doc; }
+    // The open record, null while none is open.
+    CfgModel *cfg() const override;
+    QUndoStack *undoStack() const override;
+    bool targetEditable() const override { return targetIsEditable; }
+    bool updatingPanel() const { return PageContext::updatingPanel(); }
+    const PageTable &pageTable() const { return pages; }
+    ExecutePanel *executePanel() const { return execute; }
+    QWidget *applyPanel() const { return apply; }
+    QUndoView *undoView() const { return stackView; }
+    QMenu *recentFilesMenu() const { return recentMenu; }
+    const QVector<QAction *> &recentFileActions() const { return recentActions; }
+    // Undo and redo actions made by the stack; kept, on no menu.
+    QAction *stackUndoAction() const { return stackUndo; }
+    QAction *stackRedoAction() const { return stackRedo; }
+
     // Loads a configuration (or a description with its default
     // configuration) and makes it current. A failed load keeps the record
     // that was open. notifyBroker: ask other windows first and announce the
     // file afterwards.
     void openConfigFile(const QString &path, bool notifyBroker);
     void openDescriptionFile(const QString &path, bool notifyBroker);
-    // Attaches the current record (or none) to the pages, arms the change
-    // detection and empties the undo stack.
-    void refreshAfterLoad(const QString &previousFile, bool notifyBroker);
     // Saves the record, asking a name when askName is set or it has none.
-    // False only when there is no record or the dialog was cancelled; a
-    // failed write still marks the stack clean.
     bool saveConfig(bool askName);
     void updateWindowTitle();
     // Shows or hides one of the optional pages at its place in the row of
     // tabs; only for an advanced user with a record open.
-    void togglePage(QWidget *page, const QString &title);
+    void togglePage(int page, const QString &title);
     // Number of the page in view; the log page and no page give -1.
     int currentPageIndex() const;
-
-    // Page refreshes, called by updatePanelIdx(); each runs with
-    // updatingPanel set.
-    void refreshMainPanel();
-    void refreshDataPartitioningPanel();
-    void refreshModelParameters1Panel();
-    void refreshModelParameters2Panel();
-    void refreshVariablesPanel();
-    void refreshLineSelectionPanel();
-    void refreshTargetPanel();
-    void refreshModalityRecodingsPanel();
-    void refreshCreateModelPanel();
-
-    CfgModel *cfg = nullptr;
-    QUndoStack *undoStack = nullptr;
-    QUndoView *undoView = nullptr;
-    // The pages by number; the number is also the panel of every command.
-    QVector<QWidget *> pages;
-    QVector<QAction *> recentFileActions;
-    QMenu *recentFilesMenu = nullptr;
-    // Undo and redo actions made by the stack; kept, on no menu.
-    QAction *stackUndoAction = nullptr;
-    QAction *stackRedoAction = nullptr;
-    ExecutePanel *executePanel = nullptr;
-    QWidget *applyPanel = nullptr;
-    VarListWindow varListWindow;
-    bool updatingPanel = true;
-    bool inEventFilter = false;
-    bool targetEditable = false;
 
 signals:
     // Emitted by updatePanelIdx() after the refresh of page idx.
@@ -109,7 +79,6 @@ public slots:
     void on_actionNewWindow_triggered();
     void on_actionOpenDescriptionFile_triggered();
     void on_actionOpenConfigFile_triggered();
-    void on_pbOpen_clicked();
     void on_actionSaveConfigFile_triggered();
     void on_actionSaveAsConfigFile_triggered();
     void on_actionExit_triggered();
@@ -133,27 +102,33 @@ public slots:
     void on_actionRedo_triggered();
     void on_cleanChanged(bool clean);
     void on_undoRedoActions(int idx);
-    // Progress and end of the tasks run in the log page.
-    void on_myFinishExe(int taskNumber, int exitCode, int exitStatus);
-    void on_myProgressBar(int progress, QString arg);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void setUpExecution();
-    void setUpRecentFilesMenu();
     void setUpPages();
+    void setUpRecentFilesMenu();
     void setUpUndo();
-    void setUpMainPanel();
+    void setUpDocument();
     void openFromDialog(bool description);
-    void openWith(const QString &path, bool notifyBroker, bool description);
     void openCommandLineFile();
-    void setOptionalTabsEnabled(bool enabled);
-    void setMainPanelLabels();
-    void armChangeDetection();
-    void checkTimesOnActivation();
+    // Attaches the current record (or none) to the pages.
+    void refreshAfterLoad();
+    void endProcess();
 
     Ui::QuvaCfgXMLEditor *ui;
     GuiReporter guiReporter;
+    CfgDocument *doc;
+    PageTable pages;
+    QuvaPage *quvaPage = nullptr;
+    ExecutePanel *execute = nullptr;
+    QWidget *apply = nullptr;
+    QUndoView *stackView = nullptr;
+    QMenu *recentMenu = nullptr;
+    QVector<QAction *> recentActions;
+    QAction *stackUndo = nullptr;
+    QAction *stackRedo = nullptr;
+    bool inEventFilter = false;
+    bool targetIsEditable = false;
 };

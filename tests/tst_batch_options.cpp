@@ -20,7 +20,7 @@ namespace {
 std::unique_ptr<CfgModel> loadFixture()
 {
     const QString path = QStringLiteral(QUVA_TEST_DATA "/batch/batch");
-    return std::unique_ptr<CfgModel>(loadCfgFile(nullptr, path, false, false, QString()));
+    return loadCfgFile(path, false, nullptr, QString()).model;
 }
 
 // The fixture's fi values: the derived byte of each column, 'I' on loc 12.

@@ -1,29 +1,13 @@
 #include "core/cfg_load.h"
 #include "core/cfg_model.h"
 #include "core/reporter.h"
-#include "core/window_place.h"
-#include "core/window_query.h"
 
 #include "xml/xml_node.h"
 
-#include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
-
-namespace {
-// Set in a forked child that ends the process from inside a test: what the
-// test framework still holds then is no leak.
-bool inForkedChild = false;
-} // namespace
-
-#ifdef __SANITIZE_ADDRESS__
-extern "C" int __lsan_is_turned_off()
-{
-    return inForkedChild ? 1 : 0;
-}
-#endif
 
 #include <csignal>
 #include <cstdio>
@@ -31,7 +15,6 @@ extern "C" int __lsan_is_turned_off()
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -101,47 +84,31 @@ public:
     }
 };
 
-class ScriptedQuery : public WindowQuery
+// Answers the question about other windows and remembers what was asked.
+class ScriptedQuery
 {
 public:
     int answer = 0;
     QStringList asked;
-    int checkAlreadyOpen(QObject *, const QString &product, const QString &file,
-                         const QString &title) override
+    OtherWindowCheck check()
     {
-        asked.append(product + "|" + file + "|" + title);
-        return answer;
+        return [this](const QString &file) {
+            asked.append(file);
+            return answer;
+        };
     }
 };
+
+// The place a load read, in the words of a window that takes it.
+QStringList placeCalls(const std::optional<WorkingSpace> &place)
+{
+    if (!place)
+        return {};
+    return {QStringLiteral("resize %1x%2").arg(place->w).arg(place->h),
+            QStringLiteral("move %1,%2").arg(place->x).arg(place->y)};
+}
 
 } // namespace
-
-// A stand-in for the main window: the record layer only sees its properties.
-class FakeWindow : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(QPoint pos READ pos WRITE move)
-    Q_PROPERTY(QSize size READ size WRITE resize)
-
-public:
-    QPoint pos() const { return pos_; }
-    QSize size() const { return size_; }
-    void move(const QPoint &p)
-    {
-        pos_ = p;
-        calls.append(QStringLiteral("move %1,%2").arg(p.x()).arg(p.y()));
-    }
-    void resize(const QSize &s)
-    {
-        size_ = s;
-        calls.append(QStringLiteral("resize %1x%2").arg(s.width()).arg(s.height()));
-    }
-    QStringList calls;
-
-private:
-    QPoint pos_;
-    QSize size_;
-};
 
 class tst_cfg_file : public QObject
 {
@@ -185,8 +152,8 @@ private slots:
     void loadCfgAsksOtherWindows();
     void loadCfgAnswerTwoEndsProcess();
     void loadCfgPlacesWindow();
-    void restoreWorkingSpace_data();
-    void restoreWorkingSpace();
+    void workingSpaceOf_data();
+    void workingSpaceOf();
     void loadDescErrors_data();
     void loadDescErrors();
     void loadDescSibling();
@@ -212,14 +179,12 @@ void tst_cfg_file::init()
     query.answer = 0;
     query.asked.clear();
     setReporter(&recorder);
-    setWindowQuery(&query);
     QVERIFY(tmp.isValid());
 }
 
 void tst_cfg_file::cleanup()
 {
     setReporter(nullptr);
-    setWindowQuery(nullptr);
 }
 
 void tst_cfg_file::golden_data()
@@ -380,9 +345,7 @@ void tst_cfg_file::aucMaxMarker()
 
 void tst_cfg_file::workingSpaceFromWindow()
 {
-    FakeWindow window;
-    window.move(QPoint(10, 20));
-    window.resize(QSize(800, 600));
+    const WorkingSpace window{10, 20, 800, 600};
     const QString path = tmp.filePath("window.CfgXML");
     const auto model = goldenModel("<QUV_Config/>", path);
     QVERIFY(saveCfgFile(*model, &window));
@@ -456,13 +419,13 @@ void tst_cfg_file::goldenLoadSave()
     const QString second = dir + "/second.CfgXML";
     QVERIFY(QFile::copy(dataDir + "/" + golden + ".CfgXML", first));
 
-    std::unique_ptr<CfgModel> model(loadCfgFile(nullptr, first, true, false, QString()));
+    std::unique_ptr<CfgModel> model(loadCfgFile(first, true, nullptr, QString()).model.release());
     QVERIFY(model);
     QVERIFY(saveCfgFile(*model, nullptr));
     const QByteArray once = fileBytes(first);
 
     QVERIFY(QFile::copy(first, second));
-    model.reset(loadCfgFile(nullptr, second, true, false, QString()));
+    model.reset(loadCfgFile(second, true, nullptr, QString()).model.release());
     QVERIFY(model);
     QVERIFY(saveCfgFile(*model, nullptr));
     COMPARE_BYTES(fileBytes(second), once);
@@ -486,7 +449,7 @@ void tst_cfg_file::lambdaLosesDigits()
     model->p1 = 0.123456789;
     QVERIFY(saveCfgFile(*model, nullptr));
     QVERIFY(fileBytes(path).contains("\n lambda='1.23457e+008'\n"));
-    model.reset(loadCfgFile(nullptr, path, true, false, QString()));
+    model.reset(loadCfgFile(path, true, nullptr, QString()).model.release());
     QVERIFY(model);
     QCOMPARE(model->lambda, 123457000.0);
     QCOMPARE(model->p1, 0.123457);
@@ -503,9 +466,7 @@ void tst_cfg_file::saveTwiceSameBytes()
     COMPARE_BYTES(fileBytes(path), first);
 
     // Only a moved window changes them.
-    FakeWindow window;
-    window.move(QPoint(3, 4));
-    window.resize(QSize(640, 480));
+    const WorkingSpace window{3, 4, 640, 480};
     QVERIFY(saveCfgFile(*model, &window));
     const QByteArray moved = fileBytes(path);
     QVERIFY(moved != first);
@@ -558,7 +519,7 @@ void tst_cfg_file::staleNamesSurviveLoadAndSave()
     text.replace("</Target>\n", tail);
     QVERIFY(writeFile(path, text));
 
-    std::unique_ptr<CfgModel> model(loadCfgFile(nullptr, path, true, false, QString()));
+    std::unique_ptr<CfgModel> model(loadCfgFile(path, true, nullptr, QString()).model.release());
     QVERIFY(model);
     QCOMPARE(model->Weight, weightLabel);
     QCOMPARE(model->Treatment, treatmentLabel);
@@ -593,7 +554,7 @@ void tst_cfg_file::saveKeepsRelativeDescription()
     QVERIFY(writeFile(dir + "/r.CfgXML", text));
 
     const std::unique_ptr<CfgModel> model(
-        loadCfgFile(nullptr, dir + "/r.CfgXML", true, false, QString()));
+        loadCfgFile(dir + "/r.CfgXML", true, nullptr, QString()).model.release());
     QVERIFY(model);
     QCOMPARE(model->desc->fileName, QStringLiteral("sub/golden.DescXML"));
     QCOMPARE(descFilePath(*model), dir + "/sub/golden.DescXML");
@@ -606,7 +567,7 @@ void tst_cfg_file::saveWatchesAndStamps()
     const QString dir = fixtureDir("watch");
     QVERIFY(QFile::copy(dataDir + "/defaults.CfgXML", dir + "/w.CfgXML"));
     const std::unique_ptr<CfgModel> model(
-        loadCfgFile(nullptr, dir + "/w.CfgXML", true, false, QString()));
+        loadCfgFile(dir + "/w.CfgXML", true, nullptr, QString()).model.release());
     QVERIFY(model);
     QVERIFY(saveCfgFile(*model, nullptr));
     QStringList watched = model->watcher.files();
@@ -760,7 +721,7 @@ void tst_cfg_file::loadCfgErrors()
         // The description keeps the path as the configuration names it.
         if (message.startsWith("error in"))
             QTest::ignoreMessage(QtDebugMsg, "No COLS tag in nocols.DescXML");
-        const CfgModel *model = loadCfgFile(nullptr, path, showErrors, false, QString());
+        const CfgModel *model = loadCfgFile(path, showErrors, nullptr, QString()).model.release();
         QCOMPARE(model, nullptr);
         if (showErrors) {
             const QString text = message.contains("%1") ? message.arg(dir) : message;
@@ -779,7 +740,7 @@ void tst_cfg_file::loadCfgWithoutSuffix()
     const QString dir = fixtureDir("suffix");
     QVERIFY(QFile::copy(dataDir + "/vars.CfgXML", dir + "/plain.CfgXML"));
     const std::unique_ptr<CfgModel> model(
-        loadCfgFile(nullptr, dir + "/plain", true, false, QString()));
+        loadCfgFile(dir + "/plain", true, nullptr, QString()).model.release());
     QVERIFY(model);
     QCOMPARE(model->cfgFileName, dir + "/plain.CfgXML");
     QCOMPARE(model->fi[0], 'I');
@@ -787,13 +748,13 @@ void tst_cfg_file::loadCfgWithoutSuffix()
 
     // The suffix test is case-sensitive: a lower-case one gets another added.
     QVERIFY(QFile::copy(dataDir + "/vars.CfgXML", dir + "/low.cfgxml"));
-    QCOMPARE(loadCfgFile(nullptr, dir + "/low.cfgxml", false, false, QString()), nullptr);
+    QVERIFY(!loadCfgFile(dir + "/low.cfgxml", false, nullptr, QString()).model);
 
     // A relative path is made absolute.
     const QString old = QDir::currentPath();
     QDir::setCurrent(dir);
     const std::unique_ptr<CfgModel> relative(
-        loadCfgFile(nullptr, "plain.CfgXML", true, false, QString()));
+        loadCfgFile("plain.CfgXML", true, nullptr, QString()).model.release());
     QDir::setCurrent(old);
     QVERIFY(relative);
     QCOMPARE(relative->cfgFileName, dir + "/plain.CfgXML");
@@ -806,103 +767,88 @@ void tst_cfg_file::loadCfgAsksOtherWindows()
     QVERIFY(QFile::copy(dataDir + "/defaults.CfgXML", path));
 
     query.answer = 1;
-    QCOMPARE(loadCfgFile(nullptr, path, true, true, QString()), nullptr);
-    QCOMPARE(query.asked, QStringList{"Quva|" + path + "|Quva Cfg XML Editor Warning"});
+    CfgLoad kept = loadCfgFile(path, true, query.check(), QString());
+    QVERIFY(!kept.model);
+    QVERIFY(!kept.endProcess);
+    QVERIFY(!kept.place);
+    QCOMPARE(query.asked, QStringList{path});
     QVERIFY(recorder.messages.isEmpty());
     QCOMPARE(recorder.busy, 0);
 
     // The file this window holds needs no asking, nor a load that is told not to ask.
     query.asked.clear();
-    std::unique_ptr<CfgModel> model(loadCfgFile(nullptr, path, true, true, path));
+    std::unique_ptr<CfgModel> model = loadCfgFile(path, true, query.check(), path).model;
     QVERIFY(model);
-    model.reset(loadCfgFile(nullptr, path, true, false, QString()));
+    model = loadCfgFile(path, true, nullptr, QString()).model;
     QVERIFY(model);
     QVERIFY(query.asked.isEmpty());
 
     query.answer = 0;
-    model.reset(loadCfgFile(nullptr, path, true, true, dir + "/other.CfgXML"));
+    model = loadCfgFile(path, true, query.check(), dir + "/other.CfgXML").model;
     QVERIFY(model);
     QCOMPARE(query.asked.size(), 1);
 }
 
 void tst_cfg_file::loadCfgAnswerTwoEndsProcess()
 {
-    // The other window took the file over: this process ends at once with 0.
+    // The other window took the file over: the window is told to end this
+    // process, and nothing is read.
     const QString dir = fixtureDir("answer2");
     const QString path = dir + "/a.CfgXML";
-    QVERIFY(QFile::copy(dataDir + "/defaults.CfgXML", path));
+    QVERIFY(QFile::copy(dataDir + "/working_space.CfgXML", path));
     query.answer = 2;
-    std::fflush(stdout);
-    std::fflush(stderr);
-    const pid_t child = fork();
-    QVERIFY(child >= 0);
-    if (child == 0) {
-        inForkedChild = true;
-        loadCfgFile(nullptr, path, true, true, QString());
-        _exit(3); // not reached when the load ends the process
-    }
-    int status = 0;
-    QCOMPARE(waitpid(child, &status, 0), child);
-    QVERIFY(WIFEXITED(status));
-    QCOMPARE(WEXITSTATUS(status), 0);
+    const CfgLoad load = loadCfgFile(path, true, query.check(), QString());
+    QVERIFY(load.endProcess);
+    QVERIFY(!load.model);
+    QVERIFY(!load.place);
+    QVERIFY(recorder.messages.isEmpty());
+    QCOMPARE(recorder.busy, 0);
 }
 
 void tst_cfg_file::loadCfgPlacesWindow()
 {
     const QString dir = fixtureDir("place");
     QVERIFY(QFile::copy(dataDir + "/working_space.CfgXML", dir + "/p.CfgXML"));
-    FakeWindow window;
-    const std::unique_ptr<CfgModel> model(
-        loadCfgFile(&window, dir + "/p.CfgXML", true, false, QString()));
-    QVERIFY(model);
-    QCOMPARE(window.calls, (QStringList{"resize 800x600", "move 10,20"}));
+    const CfgLoad load = loadCfgFile(dir + "/p.CfgXML", true, nullptr, QString());
+    QVERIFY(load.model);
+    QCOMPARE(placeCalls(load.place), (QStringList{"resize 800x600", "move 10,20"}));
 
     // The window is placed even when the description then fails.
-    FakeWindow other;
     QByteArray text = fileBytes(dir + "/p.CfgXML");
     text.replace("golden.DescXML", "gone.DescXML");
     QVERIFY(writeFile(dir + "/q.CfgXML", text));
-    QCOMPARE(loadCfgFile(&other, dir + "/q.CfgXML", false, false, QString()), nullptr);
-    QCOMPARE(other.calls, (QStringList{"resize 800x600", "move 10,20"}));
+    const CfgLoad failed = loadCfgFile(dir + "/q.CfgXML", false, nullptr, QString());
+    QVERIFY(!failed.model);
+    QCOMPARE(placeCalls(failed.place), (QStringList{"resize 800x600", "move 10,20"}));
+
+    // A configuration that cannot be read has no place to give.
+    QVERIFY(!loadCfgFile(dir + "/none.CfgXML", false, nullptr, QString()).place);
 }
 
-void tst_cfg_file::restoreWorkingSpace_data()
+void tst_cfg_file::workingSpaceOf_data()
 {
     QTest::addColumn<QByteArray>("element");
     QTest::addColumn<QStringList>("calls");
 
-    const QSize desktop = desktopSize();
     QTest::newRow("absent") << QByteArray() << QStringList{"resize 500x400", "move 200,200"};
     QTest::newRow("defaults per attribute")
         << QByteArray("<WorkingSpace x='30'/>") << QStringList{"resize 500x400", "move 30,200"};
-    QTest::newRow("inside the desktop")
-        << QByteArray("<WorkingSpace x='" + QByteArray::number(desktop.width()) + "' y='"
-                      + QByteArray::number(desktop.height()) + "' w='300' h='250'/>")
-        << QStringList{"resize 300x250", QStringLiteral("move %1,%2")
-                                             .arg(desktop.width())
-                                             .arg(desktop.height())};
-    QTest::newRow("x beyond the desktop")
-        << QByteArray("<WorkingSpace x='" + QByteArray::number(desktop.width() + 1)
-                      + "' y='50' w='300' h='250'/>")
-        << QStringList{"resize 300x250", "move 200,200"};
-    QTest::newRow("y beyond the desktop")
-        << QByteArray("<WorkingSpace x='5' y='" + QByteArray::number(desktop.height() + 1)
-                      + "'/>")
-        << QStringList{"resize 500x400", "move 200,200"};
+    QTest::newRow("all given") << QByteArray("<WorkingSpace x='5000' y='-7' w='300' h='250'/>")
+                               << QStringList{"resize 300x250", "move 5000,-7"};
+    QTest::newRow("no number") << QByteArray("<WorkingSpace x='abc' y='' w='12px'/>")
+                               << QStringList{"resize 12x400", "move 0,200"};
 }
 
-void tst_cfg_file::restoreWorkingSpace()
+void tst_cfg_file::workingSpaceOf()
 {
     QFETCH(QByteArray, element);
     QFETCH(QStringList, calls);
-    QVERIFY(desktopSize().isValid());
     const XmlNode root =
         parseXmlText(("<QUV_Config>" + element + "</QUV_Config>").constData(), "QUV_Config",
                      nullptr);
-    FakeWindow window;
-    ::restoreWorkingSpace(&window, root);
-    QCOMPARE(window.calls, calls);
-    ::restoreWorkingSpace(nullptr, root); // a null window is left alone
+    QCOMPARE(placeCalls(::workingSpaceOf(root)), calls);
+    QCOMPARE(placeCalls(::workingSpaceOf(XmlNode())),
+             (QStringList{"resize 500x400", "move 200,200"}));
 }
 
 void tst_cfg_file::loadDescErrors_data()
@@ -924,12 +870,12 @@ void tst_cfg_file::loadDescErrors()
     QFile::remove(dir + "/golden.descxml");
     QVERIFY(QFile::copy(dataDir + "/golden.DescXML", dir + "/golden.descxml"));
     const QString full = path.isEmpty() ? path : dir + "/" + path;
-    QCOMPARE(loadDescFile(nullptr, full, true, false, QString()), nullptr);
+    QVERIFY(!loadDescFile(full, true, nullptr, QString()).model);
     QCOMPARE(recorder.messages, QStringList{".CfgXML error: " + message});
     QCOMPARE(recorder.busyAtMessage, 0);
     QCOMPARE(recorder.busy, 0);
     recorder.messages.clear();
-    QCOMPARE(loadDescFile(nullptr, full, false, false, QString()), nullptr);
+    QVERIFY(!loadDescFile(full, false, nullptr, QString()).model);
     QVERIFY(recorder.messages.isEmpty());
 }
 
@@ -944,28 +890,28 @@ void tst_cfg_file::loadDescSibling()
     beside.replace("nTestSet='6'", "nTestSet='11'");
     QVERIFY(writeFile(base + "/data/a.b.CfgXML", beside));
 
-    FakeWindow window;
-    std::unique_ptr<CfgModel> model(loadDescFile(&window, base + "/data/a.b", true, true, QString()));
+    CfgLoad load = loadDescFile(base + "/data/a.b", true, query.check(), QString());
+    std::unique_ptr<CfgModel> model = std::move(load.model);
     QVERIFY(model);
     QVERIFY(model->cfgFileName.isEmpty());
     QCOMPARE(model->desc->fileName, descPath);
     QCOMPARE(model->nTestSet, 6); // the description's default configuration
     QCOMPARE(model->desc->columnCount(), 12);
     QVERIFY(query.asked.isEmpty());
-    QCOMPARE(window.calls, (QStringList{"resize 500x400", "move 200,200"}));
+    QCOMPARE(placeCalls(load.place), (QStringList{"resize 500x400", "move 200,200"}));
 
     // The folder and the name run together: /data + a.b.CfgXML.
     QByteArray sibling = fileBytes(dataDir + "/working_space.CfgXML");
     sibling.replace("nTestSet='6'", "nTestSet='9'");
     QVERIFY(writeFile(base + "/dataa.b.CfgXML", sibling));
-    window.calls.clear();
-    model.reset(loadDescFile(&window, descPath, true, true, QString()));
+    load = loadDescFile(descPath, true, query.check(), QString());
+    model = std::move(load.model);
     QVERIFY(model);
     QCOMPARE(model->cfgFileName, base + "/dataa.b.CfgXML");
     QCOMPARE(model->nTestSet, 9);
     QCOMPARE(model->desc->fileName, descPath);
-    QCOMPARE(query.asked, QStringList{"Quva|" + base + "/dataa.b.CfgXML|Quva Cfg XML Editor Warning"});
-    QCOMPARE(window.calls, (QStringList{"resize 800x600", "move 10,20"}));
+    QCOMPARE(query.asked, QStringList{base + "/dataa.b.CfgXML"});
+    QCOMPARE(placeCalls(load.place), (QStringList{"resize 800x600", "move 10,20"}));
     QCOMPARE(recorder.busy, 0);
     QVERIFY(recorder.messages.isEmpty());
 }
@@ -978,15 +924,15 @@ void tst_cfg_file::loadDescSiblingHeldElsewhere()
     QVERIFY(QFile::copy(dataDir + "/defaults.CfgXML", base + "/dx.CfgXML"));
     for (int answer : {1, 2}) {
         query.answer = answer;
-        QCOMPARE(loadDescFile(nullptr, base + "/d/x.DescXML", true, true, QString()), nullptr);
+        QVERIFY(!loadDescFile(base + "/d/x.DescXML", true, query.check(), QString()).model);
     }
     QCOMPARE(query.asked.size(), 2);
     QVERIFY(recorder.messages.isEmpty());
     QCOMPARE(recorder.busy, 0);
 
     // The sibling this window holds already is not asked about.
-    const std::unique_ptr<CfgModel> model(
-        loadDescFile(nullptr, base + "/d/x.DescXML", true, true, base + "/dx.CfgXML"));
+    const std::unique_ptr<CfgModel> model =
+        loadDescFile(base + "/d/x.DescXML", true, query.check(), base + "/dx.CfgXML").model;
     QVERIFY(model);
     QCOMPARE(query.asked.size(), 2);
 }
@@ -1047,7 +993,7 @@ void tst_cfg_file::examplesRoundTrip()
         QVERIFY(QFile::copy(source + "/" + name, dir + "/" + name));
 
     std::unique_ptr<CfgModel> model(
-        loadCfgFile(nullptr, dir + "/credit.CfgXML", true, false, QString()));
+        loadCfgFile(dir + "/credit.CfgXML", true, nullptr, QString()).model.release());
     QVERIFY(model);
     QVERIFY(model->desc->varCount() >= 12);
     QVERIFY(model->hasTarget());
@@ -1056,11 +1002,11 @@ void tst_cfg_file::examplesRoundTrip()
     COMPARE_BYTES(fileBytes(dir + "/credit.CfgXML"), fileBytes(source + "/credit.CfgXML"));
     QVERIFY(recorder.messages.isEmpty());
 
-    model.reset(loadDescFile(nullptr, dir + "/credit.DescXML", true, false, QString()));
+    model.reset(loadDescFile(dir + "/credit.DescXML", true, nullptr, QString()).model.release());
     QVERIFY(model);
     QVERIFY(model->cfgFileName.isEmpty());
     QCOMPARE(model->datasource, model->desc->datasource);
 }
 
-QTEST_MAIN(tst_cfg_file)
+QTEST_GUILESS_MAIN(tst_cfg_file)
 #include "tst_cfg_file.moc"

@@ -91,7 +91,6 @@ private slots:
     void valueWithoutLimits();
     void brokenLimits();
     void fiveThousandVariables();
-    void editPanel();
     void latestOutputPrefix_data();
     void latestOutputPrefix();
     void latestOutputPrefixMissingFolder();
@@ -539,28 +538,6 @@ void tst_desc_model::fiveThousandVariables()
         const DatasetVar *previous = model.varAt(i - 1);
         QCOMPARE(model.varAt(i)->firstLoc, previous->firstLoc + previous->columnCount);
     }
-}
-
-namespace {
-QWidget *fakePanel(EqualVar *var, QWidget *, const QString &title, QObject *)
-{
-    static int token;
-    return title == var->name ? reinterpret_cast<QWidget *>(&token) : nullptr;
-}
-} // namespace
-
-void tst_desc_model::editPanel()
-{
-    QCOMPARE(golden->varAt(0)->createEditPanel(nullptr, QStringLiteral("age"), nullptr), nullptr);
-    QCOMPARE(golden->varAt(2)->createEditPanel(nullptr, QStringLiteral("purpose"), nullptr),
-             nullptr);
-    setNominalPanelFactory(fakePanel);
-    QVERIFY(golden->varAt(2)->createEditPanel(nullptr, QStringLiteral("purpose"), nullptr));
-    QCOMPARE(golden->varAt(3)->createEditPanel(nullptr, QStringLiteral("has_phone"), nullptr),
-             nullptr);
-    setNominalPanelFactory(nullptr);
-    QCOMPARE(golden->varAt(2)->createEditPanel(nullptr, QStringLiteral("purpose"), nullptr),
-             nullptr);
 }
 
 void tst_desc_model::latestOutputPrefix_data()

@@ -234,7 +234,7 @@ void tst_desc_prefetch::loadsAlike()
     const QByteArray text = configurationNaming(element);
     QVERIFY(!text.isEmpty());
     QVERIFY(writeFile(path, text));
-    QScopedPointer<CfgModel> model(loadCfgFile(nullptr, path, false, false, QString()));
+    QScopedPointer<CfgModel> model(loadCfgFile(path, false, nullptr, QString()).model.release());
     QVERIFY(model);
     QCOMPARE(model->desc->fileName, fileName);
     QCOMPARE(columnNames(*model->desc), expectedColumns);

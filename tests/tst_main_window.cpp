@@ -3,7 +3,7 @@
 #include "shell/execute_panel.h"
 #include "shell/gui_reporter.h"
 #include "shell/main_window.h"
-#include "shell/main_window_broker.h"
+#include "shell/window_broker.h"
 #include "shell/settings.h"
 
 #include <QAction>
@@ -29,7 +29,7 @@
 namespace {
 
 // Remembers what the window told the server.
-class RecordingBroker final : public WindowBrokerCalls
+class RecordingBroker final : public WindowBroker
 {
 public:
     bool open(QWidget *, const QString &product, const QString &file) override
@@ -37,13 +37,21 @@ public:
         opened << product + QLatin1Char(' ') + file;
         return false;
     }
+    int checkAlreadyOpen(QWidget *, const QString &product, const QString &file,
+                         const QString &title) override
+    {
+        asked << product + QLatin1Char('|') + file + QLatin1Char('|') + title;
+        return answer;
+    }
     void switchFile(QWidget *, const QString &product, const QString &oldFile,
                     const QString &newFile) override
     {
         switches << product + QLatin1Char('|') + oldFile + QLatin1Char('|') + newFile;
     }
     QStringList opened;
+    QStringList asked;
     QStringList switches;
+    int answer = 0;
 };
 
 // Receives the URLs that the window hands to the desktop.
@@ -175,7 +183,7 @@ void tst_main_window::initTestCase()
     QVERIFY(home.isValid());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path());
-    setWindowBrokerCalls(&broker);
+    setWindowBroker(&broker);
     // Every box and file dialog is answered here; an unexpected one fails the
     // test instead of waiting for a user.
     setQuestionHook([this](const UserQuestion &q) {
@@ -199,6 +207,8 @@ void tst_main_window::init()
     QVERIFY(writeFile(descPath, descriptionText));
     broker.opened.clear();
     broker.switches.clear();
+    broker.asked.clear();
+    broker.answer = 0;
     questions.clear();
     answers.clear();
     fileQuestions.clear();
@@ -230,27 +240,27 @@ void tst_main_window::startState()
     QCOMPARE(tabTexts(tabs(w.get())),
              (QStringList{"Quva", "Select Variables", "Select Lines / Segment",
                           "Target Definition", "CREATE MODEL", "Apply model", "Execution Log"}));
-    QCOMPARE(w->pages.size(), 11);
+    QCOMPARE(w->pageTable().count(), 11);
     const QStringList pageNames{"tQuva",          "tDataPartitioning",  "tModelParam1",
                                 "tModelParam2",   "tSelectVariables",   "tSelectLine",
                                 "tTargetDefinition", "tModalityRecodings", "tCreateModel",
                                 "applyPanel"};
     for (int i = 0; i < pageNames.size(); ++i)
-        QCOMPARE(w->pages.at(i)->objectName(), pageNames.at(i));
-    QCOMPARE(w->pages.at(10), static_cast<QWidget *>(w->executePanel));
+        QCOMPARE(w->pageTable().widget(i)->objectName(), pageNames.at(i));
+    QCOMPARE(w->pageTable().widget(10), static_cast<QWidget *>(w->executePanel()));
     QCOMPARE(tabs(w.get())->currentIndex(), 0);
     for (int i = 1; i < tabs(w.get())->count(); ++i)
         QVERIFY(!tabs(w.get())->isTabEnabled(i));
     QVERIFY(tabs(w.get())->isTabEnabled(0));
-    QVERIFY(w->cfg == nullptr);
+    QVERIFY(w->cfg() == nullptr);
     QCOMPARE(w->windowTitle(), QStringLiteral("Quva Modeler Config"));
-    QVERIFY(!w->updatingPanel);
-    QVERIFY(!w->targetEditable);
-    QVERIFY(w->undoStack->isClean());
-    QCOMPARE(w->undoStack->count(), 0);
-    QVERIFY(!w->undoView->isVisible());
-    QCOMPARE(w->undoView->windowTitle(), QStringLiteral("Undo-stack List"));
-    QVERIFY(!w->undoView->testAttribute(Qt::WA_QuitOnClose));
+    QVERIFY(!w->updatingPanel());
+    QVERIFY(!w->targetEditable());
+    QVERIFY(w->undoStack()->isClean());
+    QCOMPARE(w->undoStack()->count(), 0);
+    QVERIFY(!w->undoView()->isVisible());
+    QCOMPARE(w->undoView()->windowTitle(), QStringLiteral("Undo-stack List"));
+    QVERIFY(!w->undoView()->testAttribute(Qt::WA_QuitOnClose));
     QVERIFY(w->findChild<QToolBar *>("mainToolBar")->isHidden());
     QVERIFY(w->findChild<QStatusBar *>("statusBar")->isHidden());
     QCOMPARE(labelText(w.get(), "lInterfaceLevel"), QStringLiteral("INTERFACE LEVEL: basic"));
@@ -258,12 +268,12 @@ void tst_main_window::startState()
     QCOMPARE(labelText(w.get(), "lAppPath"),
              QStringLiteral("Quva: ") + QCoreApplication::applicationDirPath());
     QCOMPARE(w->findChild<QPushButton *>("pbOpen")->text(), QStringLiteral("Open config file"));
-    QCOMPARE(w->pages.at(0)->palette().color(QPalette::Window), QColor("#F0F0F0"));
+    QCOMPARE(w->pageTable().widget(0)->palette().color(QPalette::Window), QColor("#F0F0F0"));
     QVERIFY(!w->findChild<QLabel *>("lLogo")->pixmap(Qt::ReturnByValue).isNull());
-    QCOMPARE(w->stackUndoAction->text(), QStringLiteral("&Undo"));
-    QCOMPARE(w->stackRedoAction->text(), QStringLiteral("&Redo"));
-    QCOMPARE(w->stackUndoAction->shortcut(), QKeySequence(QKeySequence::Undo));
-    QVERIFY(w->stackUndoAction->associatedWidgets().isEmpty());
+    QCOMPARE(w->stackUndoAction()->text(), QStringLiteral("&Undo"));
+    QCOMPARE(w->stackRedoAction()->text(), QStringLiteral("&Redo"));
+    QCOMPARE(w->stackUndoAction()->shortcut(), QKeySequence(QKeySequence::Undo));
+    QVERIFY(w->stackUndoAction()->associatedWidgets().isEmpty());
     QVERIFY(questions.isEmpty());
 }
 
@@ -345,10 +355,10 @@ void tst_main_window::menuOrder()
 void tst_main_window::recentMenuBeforeExit()
 {
     auto w = makeWindow();
-    QCOMPARE(w->recentFileActions.size(), 10);
-    QCOMPARE(w->recentFilesMenu->title(), QStringLiteral("Recent .CfgXML Files"));
-    QCOMPARE(w->recentFilesMenu->actions().size(), 10);
-    for (QAction *a : qAsConst(w->recentFileActions))
+    QCOMPARE(w->recentFileActions().size(), 10);
+    QCOMPARE(w->recentFilesMenu()->title(), QStringLiteral("Recent .CfgXML Files"));
+    QCOMPARE(w->recentFilesMenu()->actions().size(), 10);
+    for (QAction *a : qAsConst(w->recentFileActions()))
         QVERIFY(!a->isVisible());
 }
 
@@ -362,7 +372,7 @@ void tst_main_window::togglePageNeedsAdvancedAndRecord()
     QCOMPARE(tabTexts(tabs(w.get())), start);
 
     w->openConfigFile(makeConfig("a.CfgXML"), false);
-    QVERIFY(w->cfg);
+    QVERIFY(w->cfg());
     // Basic level: nothing.
     setAdvancedUser(false);
     w->findChild<QAction *>("actionDataPartioning")->trigger();
@@ -371,7 +381,7 @@ void tst_main_window::togglePageNeedsAdvancedAndRecord()
     setAdvancedUser(true);
     w->findChild<QAction *>("actionDataPartioning")->trigger();
     QCOMPARE(tabs(w.get())->tabText(1), QStringLiteral("Data Partitioning"));
-    QCOMPARE(tabs(w.get())->widget(1), w->pages.at(1));
+    QCOMPARE(tabs(w.get())->widget(1), w->pageTable().widget(1));
     QCOMPARE(tabs(w.get())->count(), start.size() + 1);
     // Switching back to basic does not remove it.
     setAdvancedUser(false);
@@ -423,7 +433,7 @@ void tst_main_window::togglePageKeepsOrder()
         QTabWidget *t = tabs(w.get());
         QCOMPARE(t->count(), expected.size());
         for (int i = 0; i < expected.size(); ++i) {
-            QCOMPARE(t->widget(i), w->pages.at(expected.at(i)));
+            QCOMPARE(t->widget(i), w->pageTable().widget(expected.at(i)));
             if (titles.contains(expected.at(i)))
                 QCOMPARE(t->tabText(i), titles.value(expected.at(i)));
         }
@@ -436,19 +446,19 @@ void tst_main_window::openSetsTitleAndLabels()
     const QString path = makeConfig("a.CfgXML");
     tabs(w.get())->setCurrentIndex(3);
     w->openConfigFile(path, false);
-    QVERIFY(w->cfg);
-    QCOMPARE(w->cfg->cfgFileName, path);
+    QVERIFY(w->cfg());
+    QCOMPARE(w->cfg()->cfgFileName, path);
     QCOMPARE(w->windowTitle(), QStringLiteral("Quva Modeler Config - ") + path);
     QCOMPARE(tabs(w.get())->currentIndex(), 0);
     QCOMPARE(labelText(w.get(), "lDescriptionPath"),
-             QStringLiteral("Description file: ") + w->cfg->desc->fileName);
+             QStringLiteral("Description file: ") + w->cfg()->desc->fileName);
     for (int i = 0; i < tabs(w.get())->count(); ++i)
         QVERIFY(tabs(w.get())->isTabEnabled(i));
-    QVERIFY(w->targetEditable); // the description names no target
-    QVERIFY(w->undoStack->isClean());
-    QCOMPARE(w->cfg->watcher.files().size(), 2);
-    QVERIFY(w->cfg->cfgLastModified.isValid());
-    QVERIFY(w->cfg->descLastModified.isValid());
+    QVERIFY(w->targetEditable()); // the description names no target
+    QVERIFY(w->undoStack()->isClean());
+    QCOMPARE(w->cfg()->watcher.files().size(), 2);
+    QVERIFY(w->cfg()->cfgLastModified.isValid());
+    QVERIFY(w->cfg()->descLastModified.isValid());
     QCOMPARE(settingsStringList(recentCfgXmlKey()),
              QStringList{QFileInfo(path).canonicalFilePath()});
     QVERIFY(questions.isEmpty());
@@ -459,28 +469,28 @@ void tst_main_window::titleStar()
     auto w = makeWindow();
     const QString path = makeConfig("a.CfgXML", 3);
     w->openConfigFile(path, false);
-    QCOMPARE(w->cfg->nValSet, 3);
+    QCOMPARE(w->cfg()->nValSet, 3);
     const QString title = QStringLiteral("Quva Modeler Config - ") + path;
     QCOMPARE(w->windowTitle(), title);
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nValSet, 4,
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nValSet, 4,
                                                       "nbr Validation sets", 1, true));
     QCOMPARE(w->windowTitle(), title + "*");
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nValSet, 5,
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nValSet, 5,
                                                       "nbr Validation sets", 1, true));
-    QCOMPARE(w->undoStack->count(), 1);
-    QCOMPARE(w->undoStack->text(0), QStringLiteral("nbr Validation sets|3=>5 - grouped"));
+    QCOMPARE(w->undoStack()->count(), 1);
+    QCOMPARE(w->undoStack()->text(0), QStringLiteral("nbr Validation sets|3=>5 - grouped"));
     w->findChild<QAction *>("actionUndo")->trigger();
-    QCOMPARE(w->cfg->nValSet, 3);
+    QCOMPARE(w->cfg()->nValSet, 3);
     QCOMPARE(w->windowTitle(), title);
     w->findChild<QAction *>("actionRedo")->trigger();
-    QCOMPARE(w->cfg->nValSet, 5);
+    QCOMPARE(w->cfg()->nValSet, 5);
     QCOMPARE(w->windowTitle(), title + "*");
     QVERIFY(w->saveConfig(false));
     QCOMPARE(w->windowTitle(), title);
     QVERIFY(fileQuestions.isEmpty());
     // What was saved is what comes back.
     w->openConfigFile(path, false);
-    QCOMPARE(w->cfg->nValSet, 5);
+    QCOMPARE(w->cfg()->nValSet, 5);
     QCOMPARE(w->windowTitle(), title);
 }
 
@@ -491,17 +501,19 @@ void tst_main_window::saveAsCancelledChangesNothing()
     QVERIFY(fileQuestions.isEmpty());
     const QString path = makeConfig("a.CfgXML");
     w->openConfigFile(path, false);
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nTestSet, 7, "t", 1, false));
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nTestSet, 7, "t", 1, false));
     const QString title = w->windowTitle();
     QVERIFY(title.endsWith("*"));
     broker.switches.clear();
+    broker.asked.clear();
+    broker.answer = 0;
     QVERIFY(!w->saveConfig(true));
     QCOMPARE(fileQuestions.size(), 1);
     QCOMPARE(fileQuestions.at(0).caption, QStringLiteral("Save .CfgXML File as.."));
     QCOMPARE(fileQuestions.at(0).filter, QStringLiteral("Quva Cfg XML file (*.CfgXML)"));
     QVERIFY(fileQuestions.at(0).save);
     QCOMPARE(w->windowTitle(), title);
-    QCOMPARE(w->cfg->cfgFileName, path);
+    QCOMPARE(w->cfg()->cfgFileName, path);
     QVERIFY(broker.switches.isEmpty());
 }
 
@@ -513,8 +525,10 @@ void tst_main_window::saveUnderNewName()
     const QString newPath = files->filePath("b.CfgXML");
     fileAnswers << newPath;
     broker.switches.clear();
+    broker.asked.clear();
+    broker.answer = 0;
     w->findChild<QAction *>("actionSaveAsConfigFile")->trigger();
-    QCOMPARE(w->cfg->cfgFileName, newPath);
+    QCOMPARE(w->cfg()->cfgFileName, newPath);
     QVERIFY(QFileInfo::exists(newPath));
     QCOMPARE(w->windowTitle(), QStringLiteral("Quva Modeler Config - ") + newPath);
     QCOMPARE(broker.switches, QStringList{"Quva|" + path + "|" + newPath});
@@ -533,8 +547,8 @@ void tst_main_window::recentListAtMostTen()
     }
     w->on_displayRecentFileList();
     int visible = 0;
-    for (int i = 0; i < w->recentFileActions.size(); ++i) {
-        QAction *a = w->recentFileActions.at(i);
+    for (int i = 0; i < w->recentFileActions().size(); ++i) {
+        QAction *a = w->recentFileActions().at(i);
         QVERIFY(a->isVisible());
         ++visible;
         QCOMPARE(a->text(), opened.at(i));
@@ -546,22 +560,24 @@ void tst_main_window::recentListAtMostTen()
     // Opening an entry through its action makes it current and first, and is
     // announced.
     broker.switches.clear();
-    const QString previous = w->cfg->cfgFileName;
-    w->recentFileActions.at(4)->trigger();
+    broker.asked.clear();
+    broker.answer = 0;
+    const QString previous = w->cfg()->cfgFileName;
+    w->recentFileActions().at(4)->trigger();
     QCOMPARE(broker.switches, QStringList{"Quva|" + previous + "|" + opened.at(4)});
-    QCOMPARE(w->cfg->cfgFileName, opened.at(4));
+    QCOMPARE(w->cfg()->cfgFileName, opened.at(4));
     QCOMPARE(settingsStringList(recentCfgXmlKey()).first(), opened.at(4));
     QCOMPARE(settingsStringList(recentCfgXmlKey()).size(), 10);
 
     // A shorter list, written by another editor, renews only its own
     // positions: the actions behind it are never hidden again.
-    const QString seventh = w->recentFileActions.at(7)->text();
+    const QString seventh = w->recentFileActions().at(7)->text();
     QSettings("Brandolin", "QUV").setValue(recentCfgXmlKey(), QStringList{"/x/one", "/x/two"});
     w->on_displayRecentFileList();
-    QCOMPARE(w->recentFileActions.at(0)->text(), QStringLiteral("/x/one"));
-    QCOMPARE(w->recentFileActions.at(1)->data().toString(), QStringLiteral("/x/two"));
-    QCOMPARE(w->recentFileActions.at(7)->text(), seventh);
-    for (QAction *a : w->recentFileActions)
+    QCOMPARE(w->recentFileActions().at(0)->text(), QStringLiteral("/x/one"));
+    QCOMPARE(w->recentFileActions().at(1)->data().toString(), QStringLiteral("/x/two"));
+    QCOMPARE(w->recentFileActions().at(7)->text(), seventh);
+    for (QAction *a : w->recentFileActions())
         QVERIFY(a->isVisible());
 }
 
@@ -574,11 +590,11 @@ void tst_main_window::recentEntryOfMissingFileFails()
     w->openConfigFile(keep, false);
     const QString goneCanonical = QFileInfo(gone).canonicalFilePath();
     QVERIFY(QFile::remove(gone));
-    CfgModel *before = w->cfg;
+    CfgModel *before = w->cfg();
     w->on_displayRecentFileList();
-    QCOMPARE(w->recentFileActions.at(1)->data().toString(), goneCanonical);
-    w->recentFileActions.at(1)->trigger();
-    QCOMPARE(w->cfg, before);
+    QCOMPARE(w->recentFileActions().at(1)->data().toString(), goneCanonical);
+    w->recentFileActions().at(1)->trigger();
+    QCOMPARE(w->cfg(), before);
     QCOMPARE(questions.size(), 1);
     QCOMPARE(questions.at(0).title, QStringLiteral(".CfgXML error"));
     // The entry stays in the list.
@@ -611,8 +627,8 @@ void tst_main_window::openFailureKeepsRecord()
     auto w = makeWindow();
     const QString good = makeConfig("good.CfgXML");
     w->openConfigFile(good, false);
-    CfgModel *before = w->cfg;
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nTestSet, 9, "t", 1, false));
+    CfgModel *before = w->cfg();
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nTestSet, 9, "t", 1, false));
     const QString title = w->windowTitle();
     const QStringList recent = settingsStringList(recentCfgXmlKey());
     const QString bad = files->filePath(fileName);
@@ -622,10 +638,10 @@ void tst_main_window::openFailureKeepsRecord()
         w->openDescriptionFile(bad, true);
     else
         w->openConfigFile(bad, true);
-    QCOMPARE(w->cfg, before);
-    QCOMPARE(w->cfg->cfgFileName, good);
-    QCOMPARE(w->cfg->nTestSet, 9);
-    QCOMPARE(w->undoStack->count(), 1);
+    QCOMPARE(w->cfg(), before);
+    QCOMPARE(w->cfg()->cfgFileName, good);
+    QCOMPARE(w->cfg()->nTestSet, 9);
+    QCOMPARE(w->undoStack()->count(), 1);
     QCOMPARE(w->windowTitle(), title);
     QCOMPARE(settingsStringList(recentCfgXmlKey()), recent);
     QCOMPARE(questions.size(), 1);
@@ -647,7 +663,7 @@ void tst_main_window::openDialogCancelled()
     QCOMPARE(fileQuestions.size(), 2);
     QCOMPARE(fileQuestions.at(1).caption, QStringLiteral("Open DescXML file"));
     QCOMPARE(fileQuestions.at(1).filter, QStringLiteral("Quva Desc XML file (*.DescXML)"));
-    QVERIFY(w->cfg == nullptr);
+    QVERIFY(w->cfg() == nullptr);
     QVERIFY(questions.isEmpty());
     QVERIFY(settingsStringList(recentCfgXmlKey()).isEmpty());
 }
@@ -662,7 +678,7 @@ void tst_main_window::openByDialogAnnounces()
     QVERIFY(broker.switches.isEmpty());
     fileAnswers << second;
     w->findChild<QAction *>("actionOpenConfigFile")->trigger();
-    QCOMPARE(w->cfg->cfgFileName, second);
+    QCOMPARE(w->cfg()->cfgFileName, second);
     QCOMPARE(broker.switches, QStringList{"Quva|" + first + "|" + second});
     QCOMPARE(lastDir(), files->path());
 }
@@ -672,13 +688,13 @@ void tst_main_window::reopenSameFile()
     auto w = makeWindow();
     const QString path = makeConfig("a.CfgXML");
     w->openConfigFile(path, false);
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nTestSet, 9, "t", 1, false));
-    CfgModel *before = w->cfg;
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nTestSet, 9, "t", 1, false));
+    CfgModel *before = w->cfg();
     w->openConfigFile(path, true);
-    QVERIFY(w->cfg != before);
-    QCOMPARE(w->cfg->nTestSet, 6); // changes dropped without a word
-    QVERIFY(w->undoStack->isClean());
-    QCOMPARE(w->undoStack->count(), 0);
+    QVERIFY(w->cfg() != before);
+    QCOMPARE(w->cfg()->nTestSet, 6); // changes dropped without a word
+    QVERIFY(w->undoStack()->isClean());
+    QCOMPARE(w->undoStack()->count(), 0);
     QVERIFY(questions.isEmpty());
     QCOMPARE(broker.switches, QStringList{"Quva|" + path + "|" + path});
 }
@@ -688,18 +704,18 @@ void tst_main_window::descriptionWithoutConfiguration()
     auto w = makeWindow();
     tabs(w.get())->setCurrentIndex(2);
     w->openDescriptionFile(descPath, false);
-    QVERIFY(w->cfg);
-    QVERIFY(w->cfg->cfgFileName.isEmpty());
+    QVERIFY(w->cfg());
+    QVERIFY(w->cfg()->cfgFileName.isEmpty());
     QCOMPARE(w->windowTitle(), QStringLiteral("Quva Modeler Config"));
     QCOMPARE(tabs(w.get())->currentIndex(), 0);
     QVERIFY(settingsStringList(recentCfgXmlKey()).isEmpty());
     // Nothing is watched and no activation check is made without a name.
-    QVERIFY(w->cfg->watcher.files().isEmpty());
+    QVERIFY(w->cfg()->watcher.files().isEmpty());
     QEvent activate(QEvent::ApplicationActivate);
     QCoreApplication::sendEvent(qApp, &activate);
     QVERIFY(questions.isEmpty());
     // A modified record without a name still has no star: there is no name.
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nTestSet, 9, "t", 1, false));
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nTestSet, 9, "t", 1, false));
     QCOMPARE(w->windowTitle(), QStringLiteral("Quva Modeler Config"));
     // Saving asks for a name.
     QVERIFY(!w->saveConfig(false));
@@ -711,7 +727,7 @@ void tst_main_window::changeDetectionQuestion()
     auto w = makeWindow();
     const QString path = makeConfig("a.CfgXML", 3);
     w->openConfigFile(path, false);
-    CfgModel *before = w->cfg;
+    CfgModel *before = w->cfg();
     // Another program writes the file while the editor is in the background.
     QEvent deactivate(QEvent::ApplicationDeactivate);
     QCoreApplication::sendEvent(qApp, &deactivate);
@@ -735,16 +751,16 @@ void tst_main_window::changeDetectionQuestion()
     QCOMPARE(q.icon, QMessageBox::Critical);
     QCOMPARE(q.buttons, QMessageBox::Ok | QMessageBox::Cancel);
     QCOMPARE(q.defaultButton, QMessageBox::Ok);
-    QCOMPARE(w->cfg, before);
-    QCOMPARE(w->cfg->nValSet, 3);
+    QCOMPARE(w->cfg(), before);
+    QCOMPARE(w->cfg()->nValSet, 3);
 
     // Declined: asked again at the next activation; accepted: reloaded.
     answers << QMessageBox::Ok;
     QCoreApplication::sendEvent(qApp, &activate);
     QCOMPARE(questions.size(), 2);
-    QVERIFY(w->cfg != before);
-    QCOMPARE(w->cfg->nValSet, 7);
-    QCOMPARE(w->cfg->watcher.files().size(), 2);
+    QVERIFY(w->cfg() != before);
+    QCOMPARE(w->cfg()->nValSet, 7);
+    QCOMPARE(w->cfg()->watcher.files().size(), 2);
     QCOMPARE(broker.switches, QStringList{"Quva|" + path + "|" + path});
     QCoreApplication::sendEvent(qApp, &activate);
     QCOMPARE(questions.size(), 2);
@@ -754,13 +770,13 @@ void tst_main_window::deactivationEmptiesWatcher()
 {
     auto w = makeWindow();
     w->openConfigFile(makeConfig("a.CfgXML"), false);
-    QCOMPARE(w->cfg->watcher.files().size(), 2);
+    QCOMPARE(w->cfg()->watcher.files().size(), 2);
     QEvent deactivate(QEvent::ApplicationDeactivate);
     QCoreApplication::sendEvent(qApp, &deactivate);
-    QVERIFY(w->cfg->watcher.files().isEmpty());
+    QVERIFY(w->cfg()->watcher.files().isEmpty());
     QEvent activate(QEvent::ApplicationActivate);
     QCoreApplication::sendEvent(qApp, &activate);
-    QCOMPARE(w->cfg->watcher.files().size(), 2);
+    QCOMPARE(w->cfg()->watcher.files().size(), 2);
     QVERIFY(questions.isEmpty());
 }
 
@@ -769,20 +785,24 @@ void tst_main_window::closingNeverAsks()
     auto w = makeWindow();
     const QString path = makeConfig("a.CfgXML");
     w->openConfigFile(path, false);
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nTestSet, 9, "t", 1, false));
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nTestSet, 9, "t", 1, false));
     QVERIFY(w->windowTitle().endsWith("*"));
     w->show();
     broker.switches.clear();
+    broker.asked.clear();
+    broker.answer = 0;
     QVERIFY(w->close());
     QVERIFY(questions.isEmpty());
     QVERIFY(fileQuestions.isEmpty());
     QCOMPARE(broker.switches,
-             (QStringList{"Quva|" + path + "|", "Quva|" + w->cfg->desc->fileName + "|"}));
+             (QStringList{"Quva|" + path + "|", "Quva|" + w->cfg()->desc->fileName + "|"}));
 
     // The exit action closes as well; without a record nothing is announced.
     auto empty = makeWindow();
     empty->show();
     broker.switches.clear();
+    broker.asked.clear();
+    broker.answer = 0;
     empty->findChild<QAction *>("actionExit")->trigger();
     QVERIFY(!empty->isVisible());
     QVERIFY(broker.switches.isEmpty());
@@ -793,36 +813,36 @@ void tst_main_window::undoShowsPageOfCommandBelow()
     auto w = makeWindow();
     w->openConfigFile(makeConfig("a.CfgXML"), false);
     QSignalSpy refreshed(w.get(), &QuvaCfgXMLEditor::pageRefreshed);
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nMaxVar, 20, "v", 4, false));
-    QCOMPARE(tabs(w.get())->currentWidget(), w->pages.at(4));
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nMaxVar, 20, "v", 4, false));
+    QCOMPARE(tabs(w.get())->currentWidget(), w->pageTable().widget(4));
     QVERIFY(refreshed.contains(QVariantList{4}));
-    w->undoStack->push(new UpdateTemplateCommand<char>(&w->cfg->targetType, 'E', "t", 6, false));
-    QCOMPARE(tabs(w.get())->currentWidget(), w->pages.at(6));
+    w->undoStack()->push(new UpdateTemplateCommand<char>(&w->cfg()->targetType, 'E', "t", 6, false));
+    QCOMPARE(tabs(w.get())->currentWidget(), w->pageTable().widget(6));
     QVERIFY(w->findChild<QAction *>("actionUndo")->isEnabled());
     QVERIFY(!w->findChild<QAction *>("actionRedo")->isEnabled());
     // Undoing the target edit lands on the page of the edit below it.
     refreshed.clear();
     w->findChild<QAction *>("actionUndo")->trigger();
-    QCOMPARE(w->cfg->targetType, 'C');
-    QCOMPARE(tabs(w.get())->currentWidget(), w->pages.at(4));
+    QCOMPARE(w->cfg()->targetType, 'C');
+    QCOMPARE(tabs(w.get())->currentWidget(), w->pageTable().widget(4));
     QCOMPARE(refreshed.last(), QVariantList{4});
     QVERIFY(w->findChild<QAction *>("actionRedo")->isEnabled());
     // Redo shows the page of the command redone.
     w->findChild<QAction *>("actionRedo")->trigger();
-    QCOMPARE(tabs(w.get())->currentWidget(), w->pages.at(6));
+    QCOMPARE(tabs(w.get())->currentWidget(), w->pageTable().widget(6));
 }
 
 void tst_main_window::undoToZeroRefreshesPageInView()
 {
     auto w = makeWindow();
     w->openConfigFile(makeConfig("a.CfgXML"), false);
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nMaxVar, 20, "v", 5, false));
-    QCOMPARE(tabs(w.get())->currentWidget(), w->pages.at(5));
-    tabs(w.get())->setCurrentWidget(w->pages.at(8));
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nMaxVar, 20, "v", 5, false));
+    QCOMPARE(tabs(w.get())->currentWidget(), w->pageTable().widget(5));
+    tabs(w.get())->setCurrentWidget(w->pageTable().widget(8));
     QSignalSpy refreshed(w.get(), &QuvaCfgXMLEditor::pageRefreshed);
-    w->undoStack->undo();
-    QCOMPARE(w->cfg->nMaxVar, 30);
-    QCOMPARE(tabs(w.get())->currentWidget(), w->pages.at(8));
+    w->undoStack()->undo();
+    QCOMPARE(w->cfg()->nMaxVar, 30);
+    QCOMPARE(tabs(w.get())->currentWidget(), w->pageTable().widget(8));
     QCOMPARE(refreshed.size(), 1);
     QCOMPARE(refreshed.at(0), QVariantList{8});
     QVERIFY(!w->findChild<QAction *>("actionUndo")->isEnabled());
@@ -834,15 +854,15 @@ void tst_main_window::undoOnHiddenPage()
     w->openConfigFile(makeConfig("a.CfgXML"), false);
     QSignalSpy refreshed(w.get(), &QuvaCfgXMLEditor::pageRefreshed);
     // Page 1 is hidden at the basic level: refreshed, but no tab comes back.
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nTestSet, 3, "t", 1, false));
-    QCOMPARE(tabs(w.get())->indexOf(w->pages.at(1)), -1);
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nTestSet, 3, "t", 1, false));
+    QCOMPARE(tabs(w.get())->indexOf(w->pageTable().widget(1)), -1);
     QCOMPARE(tabs(w.get())->currentIndex(), 0);
     QVERIFY(refreshed.contains(QVariantList{1}));
-    w->undoStack->push(new UpdateTemplateCommand<int>(&w->cfg->nTestSet, 4, "t", 1, false));
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&w->cfg()->nTestSet, 4, "t", 1, false));
     refreshed.clear();
-    w->undoStack->undo();
-    QCOMPARE(w->cfg->nTestSet, 3);
-    QCOMPARE(tabs(w.get())->indexOf(w->pages.at(1)), -1);
+    w->undoStack()->undo();
+    QCOMPARE(w->cfg()->nTestSet, 3);
+    QCOMPARE(tabs(w.get())->indexOf(w->pageTable().widget(1)), -1);
     QCOMPARE(refreshed.last(), QVariantList{1});
 }
 
@@ -850,21 +870,21 @@ void tst_main_window::undoOnLogPage()
 {
     auto w = makeWindow();
     w->openConfigFile(makeConfig("a.CfgXML"), false);
-    tabs(w.get())->setCurrentWidget(w->executePanel);
+    tabs(w.get())->setCurrentWidget(w->executePanel());
     QCOMPARE(w->currentPageIndex(), -1);
-    tabs(w.get())->setCurrentWidget(w->applyPanel);
+    tabs(w.get())->setCurrentWidget(w->applyPanel());
     QCOMPARE(w->currentPageIndex(), 9);
     int n = 0;
     QSignalSpy refreshed(w.get(), &QuvaCfgXMLEditor::pageRefreshed);
     QTest::ignoreMessage(QtDebugMsg, "not supposed to arrive here, wrong index");
-    w->undoStack->push(new UpdateTemplateCommand<int>(&n, 1, "n", 9, false));
-    QCOMPARE(tabs(w.get())->currentWidget(), w->applyPanel);
+    w->undoStack()->push(new UpdateTemplateCommand<int>(&n, 1, "n", 9, false));
+    QCOMPARE(tabs(w.get())->currentWidget(), w->applyPanel());
     QTest::ignoreMessage(QtDebugMsg, "not supposed to arrive here, wrong index");
-    tabs(w.get())->setCurrentWidget(w->executePanel);
+    tabs(w.get())->setCurrentWidget(w->executePanel());
     QTest::ignoreMessage(QtDebugMsg, "not supposed to arrive here, wrong index");
-    w->undoStack->undo();
+    w->undoStack()->undo();
     QCOMPARE(n, 0);
-    QCOMPARE(tabs(w.get())->currentWidget(), static_cast<QWidget *>(w->executePanel));
+    QCOMPARE(tabs(w.get())->currentWidget(), static_cast<QWidget *>(w->executePanel()));
     QVERIFY(refreshed.isEmpty());
 }
 
@@ -873,14 +893,14 @@ void tst_main_window::groupPageAndActions()
     auto w = makeWindow();
     w->openConfigFile(makeConfig("a.CfgXML"), false);
     auto *group = new QUndoCommandPanel("AUC weighting", 8);
-    new UpdateTemplateCommand<double>(&w->cfg->p1, 0.3, QString(), 3, true, group);
-    new UpdateTemplateCommand<double>(&w->cfg->p2, 0.6, QString(), 3, true, group);
-    w->undoStack->push(group);
-    QCOMPARE(tabs(w.get())->currentWidget(), w->pages.at(8));
-    QCOMPARE(w->cfg->p1, 0.3);
-    w->undoStack->undo();
-    QCOMPARE(w->cfg->p1, 0.2);
-    QCOMPARE(w->cfg->p2, 0.45);
+    new UpdateTemplateCommand<double>(&w->cfg()->p1, 0.3, QString(), 3, true, group);
+    new UpdateTemplateCommand<double>(&w->cfg()->p2, 0.6, QString(), 3, true, group);
+    w->undoStack()->push(group);
+    QCOMPARE(tabs(w.get())->currentWidget(), w->pageTable().widget(8));
+    QCOMPARE(w->cfg()->p1, 0.3);
+    w->undoStack()->undo();
+    QCOMPARE(w->cfg()->p1, 0.2);
+    QCOMPARE(w->cfg()->p2, 0.45);
 }
 
 void tst_main_window::switchUserLevel()
@@ -905,9 +925,9 @@ void tst_main_window::showHideUndoStack()
     auto w = makeWindow();
     QAction *action = w->findChild<QAction *>("actionShowHideUndoStack");
     action->trigger();
-    QVERIFY(w->undoView->isVisible());
+    QVERIFY(w->undoView()->isVisible());
     action->trigger();
-    QVERIFY(!w->undoView->isVisible());
+    QVERIFY(!w->undoView()->isVisible());
 }
 
 void tst_main_window::helpOpensGuide()
@@ -979,12 +999,12 @@ void tst_main_window::commandLineFileOpensQuietly()
     auto w = makeWindow();
     appArgc = 1;
     appArgv[1] = nullptr;
-    QVERIFY(w->cfg);
-    QCOMPARE(w->cfg->cfgFileName, QString::fromLocal8Bit(path));
+    QVERIFY(w->cfg());
+    QCOMPARE(w->cfg()->cfgFileName, QString::fromLocal8Bit(path));
     QVERIFY(broker.switches.isEmpty());
     QVERIFY(questions.isEmpty());
-    QVERIFY(w->undoStack->isClean());
-    QVERIFY(!w->updatingPanel);
+    QVERIFY(w->undoStack()->isClean());
+    QVERIFY(!w->updatingPanel());
 }
 
 int main(int argc, char **argv)
