@@ -3,7 +3,6 @@
 #include <QLocale>
 
 #include <clocale>
-#include <cstring>
 
 void fixNumberFormat()
 {
@@ -11,7 +10,77 @@ void fixNumberFormat()
     QLocale::setDefault(QLocale(QLocale::C, QLocale::AnyCountry));
 }
 
-bool takesBatchPath(int argc, char *argv[])
+bool takesBatchPath(const QStringList &args)
 {
-    return argc >= 3 && std::strcmp(argv[0], "-d") != 0;
+    return args.size() >= 3 && args.at(0) != QLatin1String("-d");
+}
+
+namespace {
+
+bool isInfoRequest(const QStringList &args)
+{
+    return args.size() == 2
+           && (args.at(1) == QLatin1String("--help") || args.at(1) == QLatin1String("--version"));
+}
+
+// The words of the command line that the GUI application object takes
+// for itself. Where one of them stands, only that object reads the line
+// as the user meant it.
+bool hasGuiOption(const QStringList &args)
+{
+    static const char *const guiOptions[] = {
+        "-platform", "-plugin", "-qwindow", "-reverse", "-session", "-style",
+        "-widgetcount", "-display", "-geometry", "-title", "-name", "-visual",
+        "-ncols", "-cmap", "-testability", "-qmljsdebugger", "-nograb", "-dograb",
+        "-sync", "-fn", "-font", "-bg", "-background", "-fg", "-foreground",
+        "-btn", "-button", "-im", "-inputstyle", "-graphicssystem"};
+    for (int i = 1; i < args.size(); ++i) {
+        for (const char *option : guiOptions) {
+            if (args.at(i).startsWith(QLatin1String(option)))
+                return true;
+        }
+    }
+    return false;
+}
+
+// The offscreen and minimal platforms never show a box and never look at a
+// screen: there the core application object serves the batch path.
+bool isScreenless(QByteArray platform)
+{
+    const int colon = platform.indexOf(':');
+    if (colon >= 0)
+        platform.truncate(colon);
+    platform = platform.toLower();
+    return platform == "offscreen" || platform == "minimal";
+}
+
+} // namespace
+
+LaunchDecision decideLaunch(const QStringList &args, const LaunchEnvironment &env)
+{
+    LaunchDecision decision;
+    if (isInfoRequest(args)) {
+        decision.mode = LaunchMode::Info;
+        return decision;
+    }
+    if (!takesBatchPath(args))
+        return decision;
+    QByteArray platform = env.platform;
+    if (!env.platformSet && !env.hasDisplay) {
+        platform = "offscreen";
+        decision.platform = platform;
+    }
+    decision.mode = isScreenless(platform) && !hasGuiOption(args) ? LaunchMode::HeadlessBatch
+                                                                 : LaunchMode::BatchWithBoxes;
+    return decision;
+}
+
+LaunchEnvironment processLaunchEnvironment()
+{
+    LaunchEnvironment env;
+    env.platformSet = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    env.platform = qgetenv("QT_QPA_PLATFORM");
+    env.hasDisplay = !qEnvironmentVariableIsEmpty("DISPLAY")
+                     || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    return env;
 }

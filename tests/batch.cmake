@@ -4,3 +4,5 @@ quva_add_test(tst_batch_match quva_core)
 quva_add_test(tst_batch_options quva_core)
 quva_add_test(tst_batch_cli)
 add_dependencies(tst_batch_cli quva-cfg-editor)
+# The decision of a start between information, the batch paths and the window.
+quva_add_test(tst_start_up quva_app)
