@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 
+#include <cstdio>
 #include <malloc.h>
 
 namespace {
@@ -39,10 +40,15 @@ int runHeadlessBatch(int argc, char *argv[])
 
 int main(int argc, char *argv[])
 {
+    quietDebugOutput();
     const QStringList args = commandLine(argc, argv);
     const LaunchDecision launch = decideLaunch(args, processLaunchEnvironment());
     if (launch.mode == LaunchMode::Info)
         return handleInfoOption(args) ? 0 : 1;
+    if (launch.mode == LaunchMode::NoDisplay) {
+        std::fprintf(stderr, "%s\n", noDisplayMessage);
+        return noDisplayExitCode;
+    }
     if (!launch.platform.isEmpty())
         qputenv("QT_QPA_PLATFORM", launch.platform);
     if (launch.mode == LaunchMode::HeadlessBatch)

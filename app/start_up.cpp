@@ -1,6 +1,7 @@
 #include "app/start_up.h"
 
 #include <QLocale>
+#include <QLoggingCategory>
 
 #include <clocale>
 
@@ -8,6 +9,12 @@ void fixNumberFormat()
 {
     std::setlocale(LC_NUMERIC, "C");
     QLocale::setDefault(QLocale(QLocale::C, QLocale::AnyCountry));
+}
+
+void quietDebugOutput()
+{
+    // The environment's rules are applied after these, so they win.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
 }
 
 bool takesBatchPath(const QStringList &args)
@@ -19,8 +26,11 @@ namespace {
 
 bool isInfoRequest(const QStringList &args)
 {
-    return args.size() == 2
-           && (args.at(1) == QLatin1String("--help") || args.at(1) == QLatin1String("--version"));
+    if (args.size() != 2)
+        return false;
+    const QString &word = args.at(1);
+    return word == QLatin1String("--help") || word == QLatin1String("-h")
+           || word == QLatin1String("--version");
 }
 
 // The words of the command line that the GUI application object takes
@@ -43,18 +53,37 @@ bool hasGuiOption(const QStringList &args)
     return false;
 }
 
-// The offscreen and minimal platforms never show a box and never look at a
-// screen: there the core application object serves the batch path.
-bool isScreenless(QByteArray platform)
+QByteArray platformName(QByteArray platform)
 {
     const int colon = platform.indexOf(':');
     if (colon >= 0)
         platform.truncate(colon);
-    platform = platform.toLower();
-    return platform == "offscreen" || platform == "minimal";
+    return platform.toLower();
+}
+
+// The offscreen and minimal platforms never show a box and never look at a
+// screen: there the core application object serves the batch path.
+bool isScreenless(const QByteArray &platform)
+{
+    const QByteArray name = platformName(platform);
+    return name == "offscreen" || name == "minimal";
+}
+
+// The platforms that draw on a display server. Without DISPLAY or
+// WAYLAND_DISPLAY they cannot start, and Qt would abort with its own words.
+bool needsDisplayServer(const LaunchEnvironment &env)
+{
+    if (!env.platformSet)
+        return true;
+    const QByteArray name = platformName(env.platform);
+    return name.isEmpty() || name == "xcb" || name.startsWith("wayland");
 }
 
 } // namespace
+
+const char noDisplayMessage[] =
+    "quva-cfg-editor: the window needs a display, and none is set (DISPLAY or "
+    "WAYLAND_DISPLAY); the batch path, quva-cfg-editor FILE OPTION..., needs none.";
 
 LaunchDecision decideLaunch(const QStringList &args, const LaunchEnvironment &env)
 {
@@ -63,8 +92,11 @@ LaunchDecision decideLaunch(const QStringList &args, const LaunchEnvironment &en
         decision.mode = LaunchMode::Info;
         return decision;
     }
-    if (!takesBatchPath(args))
+    if (!takesBatchPath(args)) {
+        if (!env.hasDisplay && needsDisplayServer(env))
+            decision.mode = LaunchMode::NoDisplay;
         return decision;
+    }
     QByteArray platform = env.platform;
     if (!env.platformSet && !env.hasDisplay) {
         platform = "offscreen";

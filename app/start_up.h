@@ -11,6 +11,11 @@
 // number readers of the files rely on.
 void fixNumberFormat();
 
+// The program's own debug lines (structural trouble in a description, a
+// refresh that finds no page) stay off a user's terminal. Qt's logging
+// rules bring them back: QT_LOGGING_RULES="default.debug=true".
+void quietDebugOutput();
+
 // Three or more entries take the batch path, unless entry 0, the program's
 // own path, is "-d". Entry 1 is not looked at. The entries are those left
 // once an application object has taken its own options, if there is one.
@@ -18,7 +23,8 @@ bool takesBatchPath(const QStringList &args);
 
 // What a start is to do.
 enum class LaunchMode {
-    Info,           // "--help" or "--version": print and end, no application object
+    Info,           // "--help", "-h" or "--version": print and end, no application object
+    NoDisplay,      // the window was asked for where no display is: say so and end
     HeadlessBatch,  // the batch path on QtCore alone, messages on standard error
     BatchWithBoxes, // the batch path in the window module, boxes where a screen is
     Interactive     // the window
@@ -47,6 +53,11 @@ struct LaunchDecision
 // application object, and by the window module on what its application
 // object leaves of the command line.
 LaunchDecision decideLaunch(const QStringList &args, const LaunchEnvironment &env);
+
+// Exit code of a start that wanted the window where there is no display.
+constexpr int noDisplayExitCode = 2;
+// The one line that such a start writes on standard error.
+extern const char noDisplayMessage[];
 
 // The environment of this process.
 LaunchEnvironment processLaunchEnvironment();

@@ -48,8 +48,20 @@ void tst_start_up::decideLaunch_data()
     QTest::newRow("one file") << QStringList{prog, "a.CfgXML"} << unset << true
                               << M::Interactive << QByteArray();
     QTest::newRow("one file, no display")
-        << QStringList{prog, "a.CfgXML"} << unset << false << M::Interactive
+        << QStringList{prog, "a.CfgXML"} << unset << false << M::NoDisplay << QByteArray();
+    QTest::newRow("no argument, no display")
+        << QStringList{prog} << unset << false << M::NoDisplay << QByteArray();
+    QTest::newRow("no display, xcb asked for")
+        << QStringList{prog} << QByteArray("xcb") << false << M::NoDisplay << QByteArray();
+    QTest::newRow("no display, wayland asked for")
+        << QStringList{prog} << QByteArray("wayland-egl") << false << M::NoDisplay
         << QByteArray();
+    QTest::newRow("no display, platform set empty")
+        << QStringList{prog} << QByteArray("") << false << M::NoDisplay << QByteArray();
+    QTest::newRow("no display, offscreen window")
+        << QStringList{prog} << QByteArray("offscreen") << false << M::Interactive
+        << QByteArray();
+    QTest::newRow("-h") << QStringList{prog, "-h"} << unset << false << M::Info << QByteArray();
     QTest::newRow("help") << QStringList{prog, "--help"} << unset << false
                           << M::Info << QByteArray();
     QTest::newRow("version") << QStringList{prog, "--version"} << unset
