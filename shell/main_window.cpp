@@ -51,6 +51,9 @@ QuvaCfgXMLEditor::QuvaCfgXMLEditor(QWidget *parent)
     if (!cfg())
         refreshAfterLoad();
     resize(800, 40);
+    constructing = false;
+    if (placeAfterConstruction)
+        takePlace(*placeAfterConstruction);
     setUpdatingPanel(false);
 }
 
@@ -150,8 +153,7 @@ void QuvaCfgXMLEditor::setUpDocument()
     connect(doc, &CfgDocument::loaded, this, &QuvaCfgXMLEditor::refreshAfterLoad);
     connect(doc, &CfgDocument::saved, this, &QuvaCfgXMLEditor::updateWindowTitle);
     connect(doc, &CfgDocument::changedOnDisk, this, &QuvaCfgXMLEditor::on_fileChanged);
-    connect(doc, &CfgDocument::placeRead, this,
-            [this](const WorkingSpace &place) { restoreWorkingSpace(this, place); });
+    connect(doc, &CfgDocument::placeRead, this, &QuvaCfgXMLEditor::takePlace);
     connect(doc, &CfgDocument::endProcessRequested, this, &QuvaCfgXMLEditor::endProcess);
 }
 
@@ -217,6 +219,14 @@ void QuvaCfgXMLEditor::refreshAfterLoad()
     pages.setOptionalTabsEnabled(cfg() != nullptr);
     pages.setUpAfterLoad();
     updateWindowTitle();
+}
+
+void QuvaCfgXMLEditor::takePlace(const WorkingSpace &place)
+{
+    if (constructing)
+        placeAfterConstruction = place;
+    else
+        restoreWorkingSpace(this, place);
 }
 
 // Another window has taken over the file: this one leaves at once, with no

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/working_space.h"
 #include "panels/page.h"
 #include "shell/gui_reporter.h"
 #include "shell/page_table.h"
@@ -8,8 +9,9 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 struct CfgModel;
-struct WorkingSpace;
 class CfgDocument;
 class ExecutePanel;
 class QAction;
@@ -116,6 +118,7 @@ private:
     // Attaches the current record (or none) to the pages.
     void refreshAfterLoad();
     void endProcess();
+    void takePlace(const WorkingSpace &place);
 
     Ui::QuvaCfgXMLEditor *ui;
     GuiReporter guiReporter;
@@ -129,6 +132,10 @@ private:
     QVector<QAction *> recentActions;
     QAction *stackUndo = nullptr;
     QAction *stackRedo = nullptr;
+    // The place read while the window is built waits for the window's own
+    // first size, so that the file's place wins on every road.
+    std::optional<WorkingSpace> placeAfterConstruction;
+    bool constructing = true;
     bool inEventFilter = false;
     bool targetIsEditable = false;
 };

@@ -157,6 +157,7 @@ private slots:
     void helpOpensGuide();
     void brokerMenus();
     void commandLineFileOpensQuietly();
+    void fileTakesItsPlaceOnEveryRoad();
     void reporterShowsBoxes();
 
 private:
@@ -1005,6 +1006,34 @@ void tst_main_window::commandLineFileOpensQuietly()
     QVERIFY(questions.isEmpty());
     QVERIFY(w->undoStack()->isClean());
     QVERIFY(!w->updatingPanel());
+}
+
+// The place stored in the file wins over the window's own first size,
+// whether the file comes from the command line or from the dialog.
+void tst_main_window::fileTakesItsPlaceOnEveryRoad()
+{
+    QByteArray text = configText(descPath, 5);
+    text.replace("</QUV_Config>", " <WorkingSpace x='10' y='20' w='700' h='500'/>\n</QUV_Config>");
+    const QString file = files->filePath("placed.CfgXML");
+    QVERIFY(writeFile(file, text));
+
+    const QByteArray path = file.toLocal8Bit();
+    appArgv[1] = const_cast<char *>(path.constData());
+    appArgc = 2;
+    QCOMPARE(QCoreApplication::arguments().size(), 2);
+    auto fromCommandLine = makeWindow();
+    appArgc = 1;
+    appArgv[1] = nullptr;
+    QVERIFY(fromCommandLine->cfg());
+    QCOMPARE(fromCommandLine->size(), QSize(700, 500));
+    QCOMPARE(fromCommandLine->pos(), QPoint(10, 20));
+
+    auto byDialog = makeWindow();
+    fileAnswers << file;
+    byDialog->findChild<QAction *>("actionOpenConfigFile")->trigger();
+    QVERIFY(byDialog->cfg());
+    QCOMPARE(byDialog->size(), QSize(700, 500));
+    QCOMPARE(byDialog->pos(), QPoint(10, 20));
 }
 
 int main(int argc, char **argv)

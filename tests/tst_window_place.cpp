@@ -35,6 +35,13 @@ void tst_window_place::restore_data()
         << QVector<int>{desktop.width() + 1, 50, 300, 250} << QPoint(200, 200) << QSize(300, 250);
     QTest::newRow("y beyond the desktop")
         << QVector<int>{5, desktop.height() + 1, 500, 400} << QPoint(200, 200) << QSize(500, 400);
+    QTest::newRow("left of every screen")
+        << QVector<int>{-5000, 40, 300, 250} << QPoint(200, 200) << QSize(300, 250);
+    QTest::newRow("above every screen")
+        << QVector<int>{40, -3000, 300, 250} << QPoint(200, 200) << QSize(300, 250);
+    QTest::newRow("larger than the screen")
+        << QVector<int>{0, 0, desktop.width() + 900, desktop.height() + 500} << QPoint(0, 0)
+        << desktop;
 }
 
 void tst_window_place::restore()
