@@ -122,6 +122,11 @@ QString resolveDescPath(const QString &descPath, const QString &cfgPath);
 // The description file of the record, resolved as above.
 QString descFilePath(const CfgModel &model);
 
+// Gives the record the file name `path`, as a save under another name does.
+// A relative description path is written anew from the new folder, so that
+// the saved file still names the same description; an absolute one stays.
+void renameCfgFile(CfgModel &model, const QString &path);
+
 // The whole .CfgXML text of the record, byte for byte as it is saved.
 QByteArray cfgFileBytes(const CfgModel &model);
 

@@ -87,12 +87,14 @@ bool CfgDocument::saveConfig(bool askName, const WorkingSpace &windowPlace)
         return false;
     const QString oldName = model->cfgFileName;
     if (askName || oldName.isEmpty()) {
-        const QString name = askSaveFileName(window, QStringLiteral("Save .CfgXML File as.."),
-                                             lastDir(),
-                                             QStringLiteral("Quva Cfg XML file (*.CfgXML)"));
+        QString name = askSaveFileName(window, QStringLiteral("Save .CfgXML File as.."),
+                                       lastDir(), QStringLiteral("Quva Cfg XML file (*.CfgXML)"));
         if (name.isEmpty())
             return false;
-        model->cfgFileName = name;
+        // A configuration opens again only under its own ending.
+        if (!name.endsWith(QLatin1String(".CfgXML")))
+            name += QLatin1String(".CfgXML");
+        renameCfgFile(*model, name);
         setLastDir(name);
     }
     // A failed write has told nothing and still counts as saved.

@@ -79,6 +79,7 @@ private slots:
     void stackEmptiedBeforeRecordGoes();
     void saveWritesWindowPlace();
     void saveAsCancelled();
+    void saveAsElsewhereOpensAgain();
     void saveWithoutRecord();
     void releaseHandsBackBothFiles();
     void watcherReportsChange();
@@ -314,6 +315,27 @@ void tst_cfg_document::saveAsCancelled()
     QCOMPARE(saved.count(), 0);
     QCOMPARE(doc.fileName(), a);
     QCOMPARE(fileBytes(a), before);
+}
+
+// "Save As" to a bare name in another folder: the ending is added, and the
+// relative description path follows, so that the file opens again.
+void tst_cfg_document::saveAsElsewhereOpensAgain()
+{
+    CfgDocument doc(&window);
+    QVERIFY(doc.openConfigFile(copyFixture("defaults.CfgXML", "a.CfgXML"), false));
+    QCOMPARE(doc.cfg()->desc->fileName, QStringLiteral("golden.DescXML"));
+    QVERIFY(QDir().mkpath(files->filePath("elsewhere")));
+    fileAnswers << files->filePath("elsewhere/saveas1");
+    QVERIFY(doc.saveConfig(true, WorkingSpace{}));
+    const QString saved = files->filePath("elsewhere/saveas1.CfgXML");
+    QCOMPARE(doc.fileName(), saved);
+    QVERIFY(QFile::exists(saved));
+    QVERIFY(fileBytes(saved).contains("../golden.DescXML"));
+    QCOMPARE(settingsStringList(recentCfgXmlKey()).first(), saved);
+
+    CfgDocument again(&window);
+    QVERIFY(again.openConfigFile(saved, false));
+    QCOMPARE(QDir::cleanPath(descFilePath(*again.cfg())), files->filePath("golden.DescXML"));
 }
 
 void tst_cfg_document::saveWithoutRecord()
