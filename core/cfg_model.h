@@ -34,8 +34,8 @@ struct CfgModel
     // minSizeModality: the doubles, then fi, illus, monoto, cm.
     double *minSizeModality = nullptr; // -1: the general value applies
     double *penality = nullptr;        // 1
-    char *illus = nullptr;             // 0 or 1: the column is illustrative
-    char *cm = nullptr;                // 0 or 1: center missings
+    bool *illus = nullptr;             // the column is illustrative (one byte)
+    bool *cm = nullptr;                // center missings (one byte)
     // 'I' ignored, 'F' kept in the second state the file can carry; anything
     // else (0, 1, blank) is active. Starts as the column's derived byte.
     char *fi = nullptr;

@@ -149,9 +149,9 @@ void tst_cfg_model::columnBlock()
     const char *start = reinterpret_cast<const char *>(model->minSizeModality);
     QCOMPARE(reinterpret_cast<const char *>(model->penality), start + 8 * n);
     QCOMPARE(model->fi, start + 16 * n);
-    QCOMPARE(model->illus, start + 17 * n);
+    QCOMPARE(reinterpret_cast<const char *>(model->illus), start + 17 * n);
     QCOMPARE(model->monoto, start + 18 * n);
-    QCOMPARE(model->cm, start + 19 * n);
+    QCOMPARE(reinterpret_cast<const char *>(model->cm), start + 19 * n);
 }
 
 void tst_cfg_model::rootAttributes_data()
