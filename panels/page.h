@@ -66,6 +66,9 @@ public:
     void refresh();
     // The set-up that a newly loaded record needs before its first refresh.
     virtual void setUpAfterLoad() {}
+    // The record shown so far is about to be destroyed: nothing of the page
+    // may point into it any more.
+    virtual void releaseRecord() {}
 
 protected:
     // The page's own part of refresh(); the record may be null.

@@ -60,6 +60,8 @@ bool CfgDocument::open(const QString &path, bool notifyBroker, bool description)
         return false;
     // Commands point into the old record: empty the stack before it goes.
     stack.clear();
+    if (model)
+        emit aboutToReplace();
     model = std::move(load.model);
     if (!description)
         addRecentFile(recentCfgXmlKey(), QFileInfo(path).canonicalFilePath());

@@ -56,6 +56,8 @@ public:
     void checkOnActivation();
 
 signals:
+    // The record is about to be replaced and destroyed; the stack is empty.
+    void aboutToReplace();
     // A new record is current, with an empty, clean stack. previousFile is
     // the configuration that was open before, or empty.
     void loaded(const QString &previousFile);

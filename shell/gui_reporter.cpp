@@ -17,6 +17,12 @@ FileDialogHook &fileDialogHook()
     return hook;
 }
 
+ModalDialogHook &modalDialogHook()
+{
+    static ModalDialogHook hook;
+    return hook;
+}
+
 QMessageBox::Icon boxIcon(MessageIcon icon)
 {
     switch (icon) {
@@ -40,6 +46,18 @@ void setQuestionHook(QuestionHook hook)
 void setFileDialogHook(FileDialogHook hook)
 {
     fileDialogHook() = std::move(hook);
+}
+
+void setModalDialogHook(ModalDialogHook hook)
+{
+    modalDialogHook() = std::move(hook);
+}
+
+int runModal(QDialog *dialog)
+{
+    if (modalDialogHook())
+        return modalDialogHook()(dialog);
+    return dialog->exec();
 }
 
 QMessageBox::StandardButton askUser(QWidget *parent, const UserQuestion &question)

@@ -2,6 +2,7 @@
 
 #include "core/reporter.h"
 
+#include <QDialog>
 #include <QMessageBox>
 #include <QPointer>
 #include <QWidget>
@@ -36,9 +37,18 @@ struct FileQuestion
 
 using FileDialogHook = std::function<QString(const FileQuestion &)>;
 
+// Acts on a dialog of the program in place of the user (fills it, presses
+// its buttons) and answers what exec() would have answered.
+using ModalDialogHook = std::function<int(QDialog *)>;
+
 // Null hooks restore the real dialogs.
 void setQuestionHook(QuestionHook hook);
 void setFileDialogHook(FileDialogHook hook);
+void setModalDialogHook(ModalDialogHook hook);
+
+// Runs one of the program's own dialogs modally, through the hook when
+// there is one.
+int runModal(QDialog *dialog);
 
 QMessageBox::StandardButton askUser(QWidget *parent, const UserQuestion &question);
 QString askOpenFileName(QWidget *parent, const QString &caption, const QString &directory,

@@ -150,6 +150,7 @@ void QuvaCfgXMLEditor::setUpUndo()
 
 void QuvaCfgXMLEditor::setUpDocument()
 {
+    connect(doc, &CfgDocument::aboutToReplace, this, [this] { pages.releaseRecord(); });
     connect(doc, &CfgDocument::loaded, this, &QuvaCfgXMLEditor::refreshAfterLoad);
     connect(doc, &CfgDocument::saved, this, &QuvaCfgXMLEditor::updateWindowTitle);
     connect(doc, &CfgDocument::changedOnDisk, this, &QuvaCfgXMLEditor::on_fileChanged);
