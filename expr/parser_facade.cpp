@@ -54,6 +54,70 @@ struct CheckConstants
     double now = 0.0;
 };
 
+CheckConstants constantsOf(bool addN, const ExprContext &context)
+{
+    CheckConstants constants;
+    constants.addN = addN;
+    constants.usesNow = context.usesNow;
+    constants.usesNowS = context.usesNowS;
+    if (context.usesNow)
+        constants.now = static_cast<double>(nowAsElapsedTime(context));
+    return constants;
+}
+
+// The functions and constants of the compiled engine, as a check has them.
+void defineFastestNames(mu::Parser &parser, ExprContext &context,
+                        const CheckConstants &constants)
+{
+    registerFastestFunctions(parser, &context);
+    if (constants.addN) {
+        parser.DefineConst(L"_n", 0.0);
+        parser.DefineConst(L"_n_min", 0.0);
+        parser.DefineConst(L"_n_max", 1.0);
+    }
+    if (constants.usesNow)
+        parser.DefineConst(L"_now", constants.now);
+}
+
+// The same for the general engine.
+void defineFastNames(mup::ParserX &parser, ExprContext &context, const CheckConstants &constants)
+{
+    registerFastFunctions(parser, &context);
+    if (constants.addN) {
+        parser.DefineConst(QStringLiteral("_n"), mup::Value(0));
+        parser.DefineConst(QStringLiteral("_n_min"), mup::Value(0));
+        parser.DefineConst(QStringLiteral("_n_max"), mup::Value(1));
+    }
+    if (constants.usesNow)
+        parser.DefineConst(QStringLiteral("_now"), mup::Value(constants.now));
+    if (constants.usesNowS)
+        parser.DefineConst(QStringLiteral("_nowS"), mup::Value(nowAsString(context)));
+}
+
+constexpr unsigned fastPackages =
+    mup::pckCOMMON | mup::pckNON_COMPLEX | mup::pckSTRING | mup::pckUNIT;
+
+QString clashText(const QString &label, const char *kind)
+{
+    return QStringLiteral("The input variable \"%1\" has the name of a %2 of the language.\n"
+                          "Rename it in the column \"Expression Var.Name\".")
+        .arg(label, QLatin1String(kind));
+}
+
+// What a variable of that name would collide with in either engine, or null.
+const char *clashKind(const QString &label, const mu::Parser &fastest,
+                      const mup::ParserX &fast)
+{
+    const std::wstring name = toStdWString(label);
+    if (fastest.IsFunDefined(name) || fast.IsFunDefined(label))
+        return "function";
+    if (fastest.IsConstDefined(name) || fast.IsConstDefined(label))
+        return "constant";
+    if (label == QLatin1String("true") || label == QLatin1String("false"))
+        return "value";
+    return nullptr;
+}
+
 // First attempt: numbers only, in the compiled engine. Throws mu::ParserError.
 void evaluateFastest(const QString &expression, ExprContext &context,
                      QVector<InputVar> *inputVars, const CheckConstants &constants,
@@ -66,14 +130,7 @@ void evaluateFastest(const QString &expression, ExprContext &context,
                 parser.DefineVar(toStdWString(var.label), &var.value);
         }
     }
-    registerFastestFunctions(parser, &context);
-    if (constants.addN) {
-        parser.DefineConst(L"_n", 0.0);
-        parser.DefineConst(L"_n_min", 0.0);
-        parser.DefineConst(L"_n_max", 1.0);
-    }
-    if (constants.usesNow)
-        parser.DefineConst(L"_now", constants.now);
+    defineFastestNames(parser, context, constants);
     parser.SetExpr(toStdWString(expression));
     const double result = parser.Eval();
     check->valueText = truthText(!(result == 0.0));
@@ -91,7 +148,7 @@ void evaluateFast(const QString &expression, ExprContext &context,
         seedRandom(context.random, context.randomSeed);
         nextRandom(context.random);
     }
-    mup::ParserX parser(mup::pckCOMMON | mup::pckNON_COMPLEX | mup::pckSTRING | mup::pckUNIT);
+    mup::ParserX parser(fastPackages);
     // One value per variable, owned here for the length of the attempt; the
     // vector is sized once so that the addresses stay put.
     std::vector<mup::Value> values(inputVars ? static_cast<size_t>(inputVars->size()) : 0);
@@ -103,16 +160,7 @@ void evaluateFast(const QString &expression, ExprContext &context,
             values[i] = var.stringValue;
         parser.DefineVar(var.label, mup::Variable(&values[i]));
     }
-    registerFastFunctions(parser, &context);
-    if (constants.addN) {
-        parser.DefineConst(QStringLiteral("_n"), mup::Value(0));
-        parser.DefineConst(QStringLiteral("_n_min"), mup::Value(0));
-        parser.DefineConst(QStringLiteral("_n_max"), mup::Value(1));
-    }
-    if (constants.usesNow)
-        parser.DefineConst(QStringLiteral("_now"), mup::Value(constants.now));
-    if (constants.usesNowS)
-        parser.DefineConst(QStringLiteral("_nowS"), mup::Value(nowAsString(context)));
+    defineFastNames(parser, context, constants);
     parser.SetExpr(expression);
     const mup::Value result = parser.Eval();
     const QChar type = result.GetType();
@@ -201,21 +249,42 @@ QString nowAsString(const ExprContext &context)
     return now.toString(context.dateFormat);
 }
 
+// The compiled engine silently lets a constant replace a variable of the
+// same name, and reads a variable named like a function as the variable; the
+// general engine refuses the first with a bare "Name conflict". Neither tells
+// the analyst what to do, so a check refuses such a name before it starts.
+QString inputVarNameClash(const QVector<InputVar> &inputVars, bool addN, ExprContext &context)
+{
+    if (inputVars.isEmpty())
+        return QString();
+    const CheckConstants constants = constantsOf(addN, context);
+    mu::Parser fastest(&context);
+    defineFastestNames(fastest, context, constants);
+    mup::ParserX fast(fastPackages);
+    defineFastNames(fast, context, constants);
+    for (const InputVar &var : inputVars) {
+        if (const char *kind = clashKind(var.label, fastest, fast))
+            return clashText(var.label, kind);
+    }
+    return QString();
+}
+
 ExpressionCheck checkExpressionCore(const QString &expression, bool addN, ExprContext &context,
                                     QVector<InputVar> *inputVars)
 {
     prepareDates(context, expression, context.etOriginText, context.dateFormatText);
-    CheckConstants constants;
-    constants.addN = addN;
-    constants.usesNow = context.usesNow;
-    constants.usesNowS = context.usesNowS;
-    if (context.usesNow)
-        constants.now = static_cast<double>(nowAsElapsedTime(context));
+    const CheckConstants constants = constantsOf(addN, context);
 
     ExpressionCheck check;
-    if (expression.isEmpty()) {
-        check.engineLabel = QLatin1String(noParserLabel);
+    check.engineLabel = QLatin1String(noParserLabel);
+    if (expression.isEmpty())
         return check;
+    if (inputVars) {
+        check.message = inputVarNameClash(*inputVars, addN, context);
+        if (!check.message.isEmpty()) {
+            check.failed = true;
+            return check;
+        }
     }
     try {
         evaluateFastest(expression, context, inputVars, constants, &check);

@@ -41,6 +41,12 @@ struct ExpressionCheck
 ExpressionCheck checkExpressionCore(const QString &expression, bool addN, ExprContext &context,
                                     QVector<InputVar> *inputVars);
 
+// The message that refuses the first variable whose name is a function, a
+// constant (with _n, _n_min, _n_max when addN is set, _now and _nowS when the
+// context asks for them) or a boolean literal of either engine; empty when
+// every name is free. A check fails with it before it tries an engine.
+QString inputVarNameClash(const QVector<InputVar> &inputVars, bool addN, ExprContext &context);
+
 // Looks for the names of the date functions in the text (plain substring
 // search, case-sensitive) and sets etOriginMs and dateFormat of the context
 // when they are used; seeds the random generator whatever the text holds.

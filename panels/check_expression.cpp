@@ -1,24 +1,27 @@
 #include "panels/check_expression.h"
 
-#include "core/reporter.h"
+#include "panels/math_parser_check.h"
+#include "shell/gui_reporter.h"
 
 #include <QLabel>
 #include <QLineEdit>
 
 namespace {
 
-void reportFailure(QWidget *, const QString &message)
+// The dialog lives for one run; its answer is not read.
+void showCheckDialog(QWidget *parent, const QString &message)
 {
-    reportMessage(MessageIcon::Critical, QStringLiteral("Math Parser Error"), message);
+    Interface_MathParserCheck dialog(message, parent);
+    runModal(&dialog);
 }
 
-ExpressionErrorDialog errorDialog = reportFailure;
+ExpressionErrorDialog errorDialog = showCheckDialog;
 
 } // namespace
 
 void setExpressionErrorDialog(ExpressionErrorDialog dialog)
 {
-    errorDialog = dialog ? dialog : reportFailure;
+    errorDialog = dialog ? dialog : showCheckDialog;
 }
 
 bool checkExpression(bool showDialog, QString expression, bool addN, ExprContext &context,

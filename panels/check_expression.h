@@ -21,7 +21,8 @@ bool checkExpression(bool showDialog, QString expression, bool addN, ExprContext
 // Shows the failure of a check, modally, on `parent`.
 using ExpressionErrorDialog = void (*)(QWidget *parent, const QString &message);
 
-// Replaces the way a failure is shown; null restores the default, which
-// hands the message to reportMessage with the title "Math Parser Error", so
-// that tests and tools never wait on a modal box.
+// Replaces the way a failure is shown; null restores the default, the
+// dialog Interface_MathParserCheck run modally through runModal() of
+// shell/gui_reporter.h. Tests answer that dialog through the modal hook
+// there, like every other dialog of the program.
 void setExpressionErrorDialog(ExpressionErrorDialog dialog);

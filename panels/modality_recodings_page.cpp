@@ -62,16 +62,6 @@ void ModalityRecodingsPage::refreshControls()
     ui->dsbLowerBoundCorrelationReport->setValue(record->lowerBoundCorrelationReport);
 }
 
-template <typename T>
-void ModalityRecodingsPage::pushValue(T CfgModel::*field, T value, const char *name,
-                                      bool mergeable)
-{
-    if (updatingPanel() || !cfg())
-        return;
-    push(new UpdateTemplateCommand<T>(&(cfg()->*field), value, QString::fromLatin1(name),
-                                      PageModalityRecodings, mergeable));
-}
-
 // --- the two groups of the general minimum size ------------------------------
 
 void ModalityRecodingsPage::on_leMinSizeModalityForNominalVar_editingFinished()
@@ -168,35 +158,35 @@ void ModalityRecodingsPage::on_leModalityMinPercentOrderedVar_returnPressed()
 
 void ModalityRecodingsPage::on_dsbZscore_valueChanged(double value)
 {
-    pushValue(&CfgModel::zTestModalities, value, "zTestModalities");
+    pushRecoding(&CfgModel::zTestModalities, value, "zTestModalities");
 }
 
 void ModalityRecodingsPage::on_dsbAUCMax_valueChanged(double value)
 {
-    pushValue(&CfgModel::AUCmax, value, "AUCmax");
+    pushRecoding(&CfgModel::AUCmax, value, "AUCmax");
 }
 
 void ModalityRecodingsPage::on_sbRandomSeed_valueChanged(int value)
 {
-    pushValue(&CfgModel::randomSeed, value, "randomSeed");
+    pushRecoding(&CfgModel::randomSeed, value, "randomSeed");
 }
 
 void ModalityRecodingsPage::on_sbNCpu_valueChanged(int value)
 {
-    pushValue(&CfgModel::cpuCount, value, "cpuCount");
+    pushRecoding(&CfgModel::cpuCount, value, "cpuCount");
 }
 
 void ModalityRecodingsPage::on_sbNBagging_valueChanged(int value)
 {
-    pushValue(&CfgModel::nBagging, value, "nBagging");
+    pushRecoding(&CfgModel::nBagging, value, "nBagging");
 }
 
 void ModalityRecodingsPage::on_dsbLowerBoundCorrelationReport_valueChanged(double value)
 {
-    pushValue(&CfgModel::lowerBoundCorrelationReport, value, "lowerBoundCorrelationReport");
+    pushRecoding(&CfgModel::lowerBoundCorrelationReport, value, "lowerBoundCorrelationReport");
 }
 
 void ModalityRecodingsPage::on_cbDisplayCF_toggled(bool checked)
 {
-    pushValue(&CfgModel::confidenceInterval, checked ? 1 : 0, "confidenceInterval", false);
+    pushRecoding(&CfgModel::confidenceInterval, checked ? 1 : 0, "confidenceInterval", false);
 }

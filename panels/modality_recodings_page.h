@@ -51,9 +51,11 @@ private slots:
 
 private:
     void refreshControls() override;
-    // A value of a control pushed as it stands, unless a refresh set it.
     template <typename T>
-    void pushValue(T CfgModel::*field, T value, const char *name, bool mergeable = true);
+    void pushRecoding(T CfgModel::*field, T value, const char *name, bool mergeable = true)
+    {
+        pushValue(field, value, QString::fromLatin1(name), PageModalityRecodings, mergeable);
+    }
 
     Ui::ModalityRecodingsPage *ui;
     ModalityMinSizeGroup nominal;

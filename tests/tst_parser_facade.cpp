@@ -3,10 +3,11 @@
 
 #include "functions_eval.h"
 
-#include "core/reporter.h"
 #include "expr/functions/mt19937.h"
 #include "expr/functions/numeric_functions.h"
 #include "panels/check_expression.h"
+#include "panels/math_parser_check.h"
+#include "shell/gui_reporter.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -31,7 +32,10 @@ private slots:
     void toStdWString();
     void widgetLayerWritesTheControls();
     void widgetLayerShowsTheFailure();
-    void defaultFailureGoesToTheReporter();
+    void defaultFailureOpensTheCheckDialog();
+    void nameClash_data();
+    void nameClash();
+    void clashingVariableFailsTheCheck();
 };
 
 namespace {
@@ -71,20 +75,6 @@ ExprContext freshContext()
     c.random.index = 625;
     return c;
 }
-
-class CapturingReporter : public Reporter
-{
-public:
-    void message(MessageIcon icon, const QString &title, const QString &text) override
-    {
-        icons.append(icon);
-        titles.append(title);
-        texts.append(text);
-    }
-    QList<MessageIcon> icons;
-    QStringList titles;
-    QStringList texts;
-};
 
 QStringList shownMessages;
 void recordDialog(QWidget *, const QString &message)
@@ -359,21 +349,87 @@ void tst_parser_facade::widgetLayerShowsTheFailure()
     setExpressionErrorDialog(nullptr);
 }
 
-void tst_parser_facade::defaultFailureGoesToTheReporter()
+// The failure of a check opens the error dialog modally, through the hook
+// that answers every dialog of the program in tests.
+void tst_parser_facade::defaultFailureOpensTheCheckDialog()
 {
-    CapturingReporter capture;
-    setReporter(&capture);
+    QStringList names;
+    QString shown;
+    QString hint;
+    setModalDialogHook([&](QDialog *dialog) {
+        names << dialog->objectName();
+        shown = dialog->findChild<QLabel *>(QStringLiteral("labelErrorMessage"))->text();
+        hint = static_cast<Interface_MathParserCheck *>(dialog)->hintPicture();
+        return int(QDialog::Accepted);
+    });
     QLineEdit edit;
     QLabel label;
     ExprContext context = freshContext();
-    const bool failed = checkExpression(true, QStringLiteral("1 +"), false, context, nullptr,
-                                        nullptr, nullptr, &edit, &label);
-    setReporter(nullptr);
+    const bool failed = checkExpression(true, QStringLiteral("1 + nothere"), false, context,
+                                        nullptr, nullptr, nullptr, &edit, &label);
+    setModalDialogHook(nullptr);
     QVERIFY(failed);
-    QCOMPARE(capture.titles, QStringList{QStringLiteral("Math Parser Error")});
-    QCOMPARE(capture.icons.size(), 1);
-    QVERIFY(capture.icons.first() == MessageIcon::Critical);
-    QVERIFY(capture.texts.first().contains(QLatin1String("Error at position:")));
+    QCOMPARE(names, QStringList{QStringLiteral("Interface_MathParserCheck")});
+    QCOMPARE(shown, QStringLiteral("Undefined token \"nothere\" found at position 4\n"
+                                   "  Error Token:nothere\n  Error at position:4"));
+    QCOMPARE(hint, QStringLiteral(":/VelmorinMathParser/undefinedToken.png"));
+}
+
+void tst_parser_facade::nameClash_data()
+{
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<bool>("addN");
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("function of both") << "sin" << false << "function";
+    QTest::newRow("function of the compiled engine only") << "sign" << false << "function";
+    QTest::newRow("function of the general engine only") << "charAt" << false << "function";
+    QTest::newRow("replaced toupper") << "toupper" << false << "function";
+    QTest::newRow("constant of both") << "_pi" << false << "constant";
+    QTest::newRow("constant of the language") << "_null" << false << "constant";
+    QTest::newRow("constant of the general engine") << "velmorinDir" << false << "constant";
+    QTest::newRow("_n with addN") << "_n_max" << true << "constant";
+    QTest::newRow("_n without addN") << "_n_max" << false << "";
+    QTest::newRow("_now without usesNow") << "_now" << false << "";
+    QTest::newRow("boolean literal") << "true" << false << "value";
+    QTest::newRow("free name") << "income" << false << "";
+    QTest::newRow("case counts") << "Sin" << false << "";
+}
+
+void tst_parser_facade::nameClash()
+{
+    QFETCH(QString, label);
+    QFETCH(bool, addN);
+    QFETCH(QString, kind);
+    QVector<InputVar> vars = sampleVars();
+    vars[1].label = label;
+    ExprContext context = freshContext();
+    const QString message = inputVarNameClash(vars, addN, context);
+    if (kind.isEmpty()) {
+        QCOMPARE(message, QString());
+        return;
+    }
+    QCOMPARE(message, QStringLiteral("The input variable \"%1\" has the name of a %2 of the "
+                                     "language.\nRename it in the column \"Expression "
+                                     "Var.Name\".")
+                          .arg(label, kind));
+}
+
+// A clash fails the check even where the expression does not name the
+// variable, with no engine label and no value; renaming makes it pass.
+void tst_parser_facade::clashingVariableFailsTheCheck()
+{
+    QVector<InputVar> vars = sampleVars();
+    vars[2].label = QStringLiteral("_e");
+    ExprContext context = freshContext();
+    ExpressionCheck check = checkExpressionCore(QStringLiteral("x == 0"), false, context, &vars);
+    QVERIFY(check.failed);
+    QCOMPARE(check.valueText, QString());
+    QCOMPARE(check.engineLabel, QStringLiteral("??? parser"));
+    QVERIFY(check.message.contains(QLatin1String("\"_e\" has the name of a constant")));
+    vars[2].label = QStringLiteral("e2");
+    check = checkExpressionCore(QStringLiteral("x == 0"), false, context, &vars);
+    QVERIFY(!check.failed);
+    QCOMPARE(check.valueText, QStringLiteral("true"));
 }
 
 QTEST_MAIN(tst_parser_facade)

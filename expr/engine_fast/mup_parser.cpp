@@ -136,6 +136,20 @@ bool ParserX::IsFunDefined(const QString &name) const
     return m_symbols.functions.count(name) != 0;
 }
 
+QStringList ParserX::GetFunNames() const
+{
+    QStringList names;
+    for (const auto &entry : m_symbols.functions)
+        names << entry.first;
+    return names;
+}
+
+QString ParserX::GetFunDesc(const QString &name) const
+{
+    const auto found = m_symbols.functions.find(name);
+    return found == m_symbols.functions.end() ? QString() : found->second->GetDesc();
+}
+
 void ParserX::invalidate()
 {
     m_rpn.reset();

@@ -14,6 +14,7 @@
 #include "expr/engine_fast/mup_variable.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -58,6 +59,10 @@ public:
     bool IsVarDefined(const QString &name) const;
     bool IsConstDefined(const QString &name) const;
     bool IsFunDefined(const QString &name) const;
+    // The names of the functions, sorted, and the description of one (empty
+    // for a name that is no function).
+    QStringList GetFunNames() const;
+    QString GetFunDesc(const QString &name) const;
 
 private:
     void checkName(const QString &name) const;

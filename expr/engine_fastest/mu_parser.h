@@ -60,6 +60,14 @@ public:
     // The compiled form, for tests that look at the instructions.
     const Bytecode &GetBytecode() const { return m_code; }
 
+    // What the engine knows by a name, so that a caller can refuse a
+    // variable that a constant or a function would shadow.
+    bool IsConstDefined(const std::wstring &name) const
+    {
+        return m_symbols.consts.count(name) != 0;
+    }
+    bool IsFunDefined(const std::wstring &name) const { return m_symbols.funs.count(name) != 0; }
+
 private:
     void defineCallback(const std::wstring &name, GenericFun fun, CallShape shape, int argc,
                         int code, bool allowFolding);
