@@ -157,9 +157,11 @@ QVariant InputVarModel::headerData(int section, Qt::Orientation orientation, int
     return headerText(section);
 }
 
+// Every cell, the meta-type too, although setData refuses it.
 Qt::ItemFlags InputVarModel::flags(const QModelIndex &index) const
 {
-    return QAbstractTableModel::flags(index) | Qt::ItemIsEditable;
+    const Qt::ItemFlags base = QAbstractTableModel::flags(index);
+    return index.isValid() ? base | Qt::ItemIsEditable : base;
 }
 
 void InputVarModel::pushList(const QVector<InputVar> &list, const QString &text)
