@@ -13,6 +13,7 @@
 #include "shell/cfg_document.h"
 #include "shell/create_model_page.h"
 #include "shell/execute_panel.h"
+#include "shell/panel_apply.h"
 #include "shell/settings.h"
 #include "shell/window_broker.h"
 #include "shell/window_place.h"
@@ -101,12 +102,10 @@ void QuvaCfgXMLEditor::setUpPages()
     pages.add(PageTargetDefinition, new TargetDefinitionPage(context));
     pages.add(PageModalityRecodings, new ModalityRecodingsPage(context));
     pages.add(PageCreateModel, new CreateModelPage(context));
-    // The page that applies a finished model; its controls come with the
-    // apply panel.
-    apply = new QWidget(this);
+    execute = new ExecutePanel(this, true);
+    apply = new PanelApply(this, nullptr, execute);
     apply->setObjectName(QStringLiteral("applyPanel"));
     pages.add(PageApply, apply, QStringLiteral("Apply model"));
-    execute = new ExecutePanel(this, true);
     pages.add(PageExecute, execute, QStringLiteral("Execution Log"));
 
     ui->twMain->setCurrentIndex(0);
@@ -150,7 +149,10 @@ void QuvaCfgXMLEditor::setUpUndo()
 
 void QuvaCfgXMLEditor::setUpDocument()
 {
-    connect(doc, &CfgDocument::aboutToReplace, this, [this] { pages.releaseRecord(); });
+    connect(doc, &CfgDocument::aboutToReplace, this, [this] {
+        pages.releaseRecord();
+        apply->setCfg(nullptr);
+    });
     connect(doc, &CfgDocument::loaded, this, &QuvaCfgXMLEditor::refreshAfterLoad);
     connect(doc, &CfgDocument::saved, this, &QuvaCfgXMLEditor::updateWindowTitle);
     connect(doc, &CfgDocument::changedOnDisk, this, &QuvaCfgXMLEditor::on_fileChanged);
@@ -219,6 +221,7 @@ void QuvaCfgXMLEditor::refreshAfterLoad()
     targetIsEditable = cfg() && cfg()->desc->target.isEmpty();
     pages.setOptionalTabsEnabled(cfg() != nullptr);
     pages.setUpAfterLoad();
+    apply->setCfg(cfg());
     updateWindowTitle();
 }
 

@@ -1,6 +1,7 @@
 #include "core/cfg_model.h"
 #include "edit/undo_commands.h"
 #include "shell/execute_panel.h"
+#include "shell/panel_apply.h"
 #include "shell/gui_reporter.h"
 #include "shell/main_window.h"
 #include "shell/window_broker.h"

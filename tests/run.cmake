@@ -1,0 +1,4 @@
+# The apply page, and the run of the engine with its reports, on the
+# stand-ins of the engine and the converter.
+quva_add_test(tst_panel_apply quva_shell)
+add_dependencies(tst_panel_apply engine_standin)
