@@ -10,6 +10,7 @@
 #include "panels/select_line_page.h"
 #include "panels/select_variables_page.h"
 #include "panels/target_definition_page.h"
+#include "shell/application_directory.h"
 #include "shell/cfg_document.h"
 #include "shell/create_model_page.h"
 #include "shell/execute_panel.h"
@@ -241,6 +242,11 @@ void QuvaCfgXMLEditor::endProcess()
     QCoreApplication::exit(0);
 }
 
+bool QuvaCfgXMLEditor::writeRecord()
+{
+    return doc->write(workingSpaceOfWindow(this));
+}
+
 bool QuvaCfgXMLEditor::saveConfig(bool askName)
 {
     return doc->saveConfig(askName, workingSpaceOfWindow(this));
@@ -412,7 +418,7 @@ void QuvaCfgXMLEditor::on_actionOpenWindowModel_triggered()
 // at the chapter on building a model. Without the guide nothing happens.
 void QuvaCfgXMLEditor::on_actionHelp_triggered()
 {
-    const QString guide = QCoreApplication::applicationDirPath()
+    const QString guide = applicationDirectory()
                           + QStringLiteral("/QuvaQuickGuide.pdf");
     if (!QFileInfo::exists(guide))
         return;

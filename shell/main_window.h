@@ -48,6 +48,7 @@ public:
     CfgModel *cfg() const override;
     QUndoStack *undoStack() const override;
     bool targetEditable() const override { return targetIsEditable; }
+    bool writeRecord() override;
     bool updatingPanel() const { return PageContext::updatingPanel(); }
     const PageTable &pageTable() const { return pages; }
     ExecutePanel *executePanel() const { return execute; }

@@ -3,6 +3,8 @@
 #include "core/cfg_model.h"
 #include "core/model_probe.h"
 #include "shell/apply_command.h"
+#include "shell/model_run.h"
+#include "shell/desktop_notification.h"
 #include "shell/execute_panel.h"
 #include "shell/gui_reporter.h"
 #include "shell/open_document.h"
@@ -10,7 +12,6 @@
 #include "shell/window_broker.h"
 #include "ui_panel_apply.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -45,7 +46,7 @@ QString PanelApply::command() const
 void PanelApply::composeCommand()
 {
     ApplyCommandFields f;
-    f.program = QCoreApplication::applicationDirPath() + QStringLiteral("/quva");
+    f.program = enginePath();
     f.xmlDrift = ui->cbXMLDrift->isChecked();
     f.wordDrift = ui->cbWordDrift->isChecked();
     f.forceApply = ui->cbForceApply->isChecked();
@@ -259,6 +260,8 @@ void PanelApply::on_myFinishExe(int task, int exitCode, int exitStatus)
             ? QStringLiteral("Model Apply finished successfully.")
             : QStringLiteral("Error in Model Apply.\nCheck the Execution Log.\nError Code=%1")
                   .arg(exitCode);
+    if (!isActiveWindow())
+        notifyDesktop(QStringLiteral("Quva Modeler"), text);
     askUser(this, UserQuestion{QMessageBox::Information, QStringLiteral("Execution Log"), text,
                                QMessageBox::Ok, QMessageBox::Ok});
 }
