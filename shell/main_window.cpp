@@ -10,11 +10,13 @@
 #include "panels/select_line_page.h"
 #include "panels/select_variables_page.h"
 #include "panels/target_definition_page.h"
+#include "shell/allow_foreground.h"
 #include "shell/application_directory.h"
 #include "shell/cfg_document.h"
 #include "shell/create_model_page.h"
 #include "shell/execute_panel.h"
 #include "shell/panel_apply.h"
+#include "shell/raise_listener.h"
 #include "shell/settings.h"
 #include "shell/window_broker.h"
 #include "shell/window_place.h"
@@ -47,6 +49,9 @@ QuvaCfgXMLEditor::QuvaCfgXMLEditor(QWidget *parent)
     setUpPages();
     setUpUndo();
     setUpDocument();
+    // The server of the product family may ask this window to come forward.
+    startAllowToSetForegroundWindow(this, brokerProductWord());
+    new RaiseListener(this);
 
     qApp->installEventFilter(this);
     openCommandLineFile();
