@@ -1,4 +1,5 @@
 #include "broker_test_support.h"
+#include "question_recorder.h"
 
 #include "shell/allow_foreground.h"
 #include "shell/broker_ensure_server.h"
@@ -78,15 +79,13 @@ private:
     int serial = 0;
     std::unique_ptr<FakeBroker> fake;
     qint64 startedServer = 0;
-    QList<UserQuestion> questions;
-    QMessageBox::StandardButton answer = QMessageBox::No;
+    QuestionRecorder boxes;
 };
 
 void tst_broker_client::initTestCase()
 {
     QVERIFY(dir.isValid());
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, dir.path());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, dir.path());
+    keepSettingsIn(dir.path());
     emptyDir = dir.path() + QStringLiteral("/empty");
     silentDir = dir.path() + QStringLiteral("/silent");
     QVERIFY(QDir().mkpath(emptyDir) && QDir().mkpath(silentDir));
@@ -94,10 +93,7 @@ void tst_broker_client::initTestCase()
     // with how many arguments.
     QVERIFY(writeScript(silentDir + QStringLiteral("/QuvaServer"),
                         "#!/bin/sh\necho $# >> \"$(dirname \"$0\")/started\"\n"));
-    setQuestionHook([this](const UserQuestion &q) {
-        questions << q;
-        return answer;
-    });
+    boxes.install();
 }
 
 void tst_broker_client::init()
@@ -106,8 +102,8 @@ void tst_broker_client::init()
     setEnv("QUVA_BROKER_NAME", name);
     setEnv("QUVA_APP_DIR", emptyDir);
     brokerForgetServer();
-    questions.clear();
-    answer = QMessageBox::No;
+    boxes.questions.clear();
+    boxes.answer = QMessageBox::No;
     QSettings(QStringLiteral("Brandolin"), QStringLiteral("Quva")).clear();
 }
 
@@ -149,7 +145,7 @@ void tst_broker_client::noServerFileIsSilentAndFast()
           all / 1000, timer.nsecsElapsed() / 1000);
     QVERIFY(brokerClient()->serverMissing);
     QVERIFY(!gaveUp);
-    QVERIFY(questions.isEmpty());
+    QVERIFY(boxes.questions.isEmpty());
     QVERIFY2(all < 50 * 1000 * 1000, "more than 50 ms without a server");
 }
 
@@ -187,14 +183,14 @@ void tst_broker_client::silentServerWarnsOnce()
     QFile started(silentDir + QStringLiteral("/started"));
     QVERIFY(started.open(QIODevice::ReadOnly));
     QCOMPARE(started.readAll(), QByteArray("0\n"));
-    QCOMPARE(questions.size(), warns ? 1 : 0);
+    QCOMPARE(boxes.questions.size(), warns ? 1 : 0);
     if (warns) {
-        QCOMPARE(questions.at(0).icon, QMessageBox::Warning);
-        QCOMPARE(questions.at(0).title, QStringLiteral("Quva Error"));
-        QCOMPARE(questions.at(0).text,
+        QCOMPARE(boxes.questions.at(0).icon, QMessageBox::Warning);
+        QCOMPARE(boxes.questions.at(0).title, QStringLiteral("Quva Error"));
+        QCOMPARE(boxes.questions.at(0).text,
                  QStringLiteral("QuvaServer not found.\n"
                                 "Quva will still run but with reduced capability.\n"));
-        QCOMPARE(questions.at(0).buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+        QCOMPARE(boxes.questions.at(0).buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
     }
 
     timer.restart();
@@ -204,7 +200,7 @@ void tst_broker_client::silentServerWarnsOnce()
     brokerSwitchFile(nullptr, QStringLiteral("Quva"), QString(), QStringLiteral("/a.CfgXML"));
     QVERIFY(!brokerOpen(nullptr, QStringLiteral("Quva"), QStringLiteral("/a.CfgXML")));
     QVERIFY(timer.elapsed() < 50);
-    QCOMPARE(questions.size(), warns ? 1 : 0);
+    QCOMPARE(boxes.questions.size(), warns ? 1 : 0);
     QFile again(silentDir + QStringLiteral("/started"));
     QVERIFY(again.open(QIODevice::ReadOnly));
     QCOMPARE(again.readAll(), QByteArray("0\n"));
@@ -219,9 +215,9 @@ void tst_broker_client::warningFromStartUpThread()
     thread.start();
     QVERIFY(thread.wait(15000));
     QVERIFY(gaveUp);
-    QVERIFY(questions.isEmpty());
-    QTRY_COMPARE(questions.size(), 1);
-    QCOMPARE(questions.at(0).title, QStringLiteral("Quva Error"));
+    QVERIFY(boxes.questions.isEmpty());
+    QTRY_COMPARE(boxes.questions.size(), 1);
+    QCOMPARE(boxes.questions.at(0).title, QStringLiteral("Quva Error"));
 }
 
 // No server answers, the file is there: it is started in "/" and answers
@@ -239,7 +235,7 @@ void tst_broker_client::serverStartedWhenAbsent()
     startedServer = pid;
     QCOMPARE(QFileInfo(QStringLiteral("/proc/%1/cwd").arg(pid)).symLinkTarget(),
              QStringLiteral("/"));
-    QVERIFY(questions.isEmpty());
+    QVERIFY(boxes.questions.isEmpty());
 }
 
 void tst_broker_client::openSendsCommand()
@@ -252,7 +248,7 @@ void tst_broker_client::openSendsCommand()
     QCOMPARE(fake->conversations(),
              (QList<QStringList>{{"topic system", "execute [Open \".DSourceXML\"]"},
                                  {"topic system", "execute [Open \"/d/a.DSourceXML\"]"}}));
-    QVERIFY(questions.isEmpty());
+    QVERIFY(boxes.questions.isEmpty());
 }
 
 void tst_broker_client::alreadyOpen_data()
@@ -284,20 +280,20 @@ void tst_broker_client::alreadyOpen()
     QVERIFY(startFake([isOpen](const QString &command) {
         return command.startsWith(QLatin1String("[IsOpen")) ? isOpen : 0;
     }));
-    answer = QMessageBox::StandardButton(button);
+    boxes.answer = QMessageBox::StandardButton(button);
     QCOMPARE(brokerCheckAlreadyOpen(nullptr, QStringLiteral("Quva"), QStringLiteral("/d/a.CfgXML"),
                                     title),
              result);
     QCOMPARE(fake->conversations(), QList<QStringList>{QStringList{"topic system"} + sent});
-    QCOMPARE(questions.size(), isOpen == BrokerAcknowledged ? 1 : 0);
-    if (!questions.isEmpty()) {
-        QCOMPARE(questions.at(0).icon, QMessageBox::Information);
-        QCOMPARE(questions.at(0).title, title);
-        QCOMPARE(questions.at(0).text,
+    QCOMPARE(boxes.questions.size(), isOpen == BrokerAcknowledged ? 1 : 0);
+    if (!boxes.questions.isEmpty()) {
+        QCOMPARE(boxes.questions.at(0).icon, QMessageBox::Information);
+        QCOMPARE(boxes.questions.at(0).title, title);
+        QCOMPARE(boxes.questions.at(0).text,
                  QStringLiteral("The file\n'/d/a.CfgXML'\nis already opened in another "
                                 "window.\n\nDo nothing in this window and re-open the other "
                                 "one?"));
-        QCOMPARE(questions.at(0).buttons, QMessageBox::Yes | QMessageBox::No);
+        QCOMPARE(boxes.questions.at(0).buttons, QMessageBox::Yes | QMessageBox::No);
     }
 }
 
@@ -311,7 +307,7 @@ void tst_broker_client::answerTooLateCountsAsNotOpen()
                                     title),
              0);
     QVERIFY(timer.elapsed() >= 950 && timer.elapsed() < 5000);
-    QVERIFY(questions.isEmpty());
+    QVERIFY(boxes.questions.isEmpty());
 }
 
 // A double quote in a name breaks the command's quoting; nothing guards
@@ -320,7 +316,7 @@ void tst_broker_client::quoteSentAsIs()
 {
     QVERIFY(startFake());
     const QString quoted = QStringLiteral("/d/a\" b.CfgXML");
-    answer = QMessageBox::Yes;
+    boxes.answer = QMessageBox::Yes;
     brokerSwitchFile(nullptr, QStringLiteral("Quva"), QString(), quoted);
     QCOMPARE(brokerCheckAlreadyOpen(nullptr, QStringLiteral("Quva"), quoted, title), 2);
     QCOMPARE(
@@ -384,7 +380,7 @@ void tst_broker_client::startUpThreadAsksPid()
     startAllowToSetForegroundWindow(&window, QStringLiteral("Quva"));
     const QList<QStringList> startUp{{"topic system", "request pid"}};
     QTRY_COMPARE(fake->conversations(), startUp);
-    QVERIFY(questions.isEmpty());
+    QVERIFY(boxes.questions.isEmpty());
 }
 
 // The start-up thread and the interface thread may talk at the same time,

@@ -1,4 +1,5 @@
 #include "broker_test_support.h"
+#include "question_recorder.h"
 
 #include "core/cfg_model.h"
 #include "shell/broker_ensure_server.h"
@@ -77,15 +78,13 @@ private:
     QString contestedPath;
     std::unique_ptr<ServerProcess> server;
     qint64 firstEditor = 0;
-    QList<UserQuestion> questions;
-    QMessageBox::StandardButton answer = QMessageBox::No;
+    QuestionRecorder boxes;
 };
 
 void tst_broker_editors::initTestCase()
 {
     QVERIFY(dir.isValid());
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, dir.path());
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, dir.path());
+    keepSettingsIn(dir.path());
     QVERIFY(QDir().mkpath(dir.filePath(QStringLiteral("home/.config"))));
     QVERIFY(QDir().mkpath(dir.filePath(QStringLiteral("sub"))));
     QVERIFY(QDir().mkpath(dir.filePath(QStringLiteral("other"))));
@@ -96,10 +95,7 @@ void tst_broker_editors::initTestCase()
     QVERIFY(copyFixture(QStringLiteral("golden.DescXML"), descPath));
     QVERIFY(copyFixture(QStringLiteral("defaults.CfgXML"), oldPath));
     QVERIFY(copyFixture(QStringLiteral("defaults.CfgXML"), contestedPath));
-    setQuestionHook([this](const UserQuestion &q) {
-        questions << q;
-        return answer;
-    });
+    boxes.install();
     // The windows of this process find no server file.
     qputenv("QUVA_APP_DIR", dir.filePath(QStringLiteral("empty")).toLocal8Bit());
 }
@@ -109,7 +105,7 @@ void tst_broker_editors::init()
     name = dir.filePath(QStringLiteral("s%1").arg(++serial));
     qputenv("QUVA_BROKER_NAME", name.toLocal8Bit());
     brokerForgetServer();
-    questions.clear();
+    boxes.questions.clear();
     server = std::make_unique<ServerProcess>();
     firstEditor = 0;
 }
@@ -229,7 +225,7 @@ void tst_broker_editors::closingDescriptionWithoutConfiguration()
     window->close();
     const QList<QStringList> sent{{"topic system", "execute [Close \"" + lone + "\"]"}};
     QCOMPARE(fake.commandConversations(), sent);
-    QVERIFY(questions.isEmpty());
+    QVERIFY(boxes.questions.isEmpty());
 }
 
 // Yes about the .CfgXML beside a description hands that file to the other
@@ -251,10 +247,10 @@ void tst_broker_editors::yesForSiblingKeepsOldState()
     QCOMPARE(window.document().fileName(), oldPath);
     CfgModel *before = window.cfg();
     QSignalSpy ended(&window.document(), &CfgDocument::endProcessRequested);
-    answer = QMessageBox::Yes;
+    boxes.answer = QMessageBox::Yes;
     window.openDescriptionFile(desc, true);
-    QCOMPARE(questions.size(), 1);
-    QVERIFY(questions.at(0).text.contains(sibling));
+    QCOMPARE(boxes.questions.size(), 1);
+    QVERIFY(boxes.questions.at(0).text.contains(sibling));
     QCOMPARE(ended.count(), 0);
     QVERIFY(window.isVisible());
     QCOMPARE(window.cfg(), before);
