@@ -7,6 +7,9 @@
 #include "shell/gui_reporter.h"
 #include "shell/main_window.h"
 
+#include <QAction>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -64,6 +67,7 @@ private slots:
     void noKeepsOldRecord();
     void closingDescriptionWithoutConfiguration();
     void yesForSiblingKeepsOldState();
+    void windowsMenuAndApplyPageOpenThroughServer();
 
 private:
     QProcessEnvironment environment() const;
@@ -258,6 +262,35 @@ void tst_broker_editors::yesForSiblingKeepsOldState()
     const QList<QStringList> sent{{"topic system", "execute [IsOpen \"" + sibling + "\"]",
                                    "execute [Open \"" + sibling + "\"]"}};
     QCOMPARE(fake.commandConversations(), sent);
+}
+
+// "New Window", the menu of windows and the apply page's data source
+// button, each an Open of its own with the real client.
+void tst_broker_editors::windowsMenuAndApplyPageOpenThroughServer()
+{
+    FakeBroker fake(name, [](const QString &) { return 0; });
+    QVERIFY(fake.begin());
+    QuvaCfgXMLEditor window;
+    window.openConfigFile(oldPath, false); // the apply page wants a record
+    for (const char *action : {"actionNewWindow", "actionOpenWindowMain", "actionOpenWindowDSource",
+                               "actionOpenWindowType", "actionOpenWindowModel"})
+        window.findChild<QAction *>(QLatin1String(action))->trigger();
+    auto *source = window.findChild<QLineEdit *>(QStringLiteral("leDatasource"));
+    auto *edit = window.findChild<QPushButton *>(QStringLiteral("pbEditDatasource"));
+    QVERIFY(source && edit);
+    source->setText(QStringLiteral("/d/loans.DSourceXML"));
+    edit->click();
+    source->setText(QStringLiteral("/d/loans.csv"));
+    edit->click();
+    QStringList opened;
+    for (const QStringList &c : fake.commandConversations())
+        opened << c.mid(1);
+    QCOMPARE(opened,
+             (QStringList{"execute [Open \".CfgXML\"]", "execute [Open \".MainMenu\"]",
+                          "execute [Open \".DSourceXML\"]", "execute [Open \".TypeXML\"]",
+                          "execute [Open \".ModelXML\"]", "execute [Open \"/d/loans.DSourceXML\"]",
+                          "execute [Open \".DSourceXML\"]"}));
+    QVERIFY(boxes.questions.isEmpty());
 }
 
 QTEST_MAIN(tst_broker_editors)
