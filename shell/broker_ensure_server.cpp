@@ -1,5 +1,6 @@
 #include "shell/broker_ensure_server.h"
 
+#include "shell/application_directory.h"
 #include "shell/broker_names.h"
 #include "shell/broker_transport.h"
 #include "shell/gui_reporter.h"
@@ -88,7 +89,7 @@ bool brokerEnsureServer(QWidget *parent, const QString &product)
     const QString service = brokerServiceName(product);
     if (brokerConnect(*client, service, brokerTopic()))
         return true;
-    const QString file = brokerApplicationDir() + QLatin1Char('/') + service;
+    const QString file = applicationDirectory() + QLatin1Char('/') + service;
     if (!QFileInfo::exists(file)) {
         client->serverMissing = true;
         return false;

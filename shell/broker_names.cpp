@@ -1,6 +1,5 @@
 #include "shell/broker_names.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -33,10 +32,4 @@ QString brokerSocketPath(const QString &name)
     if (name.startsWith(QLatin1Char('/')))
         return name;
     return QDir::tempPath() + QLatin1Char('/') + name;
-}
-
-QString brokerApplicationDir()
-{
-    const QString dir = qEnvironmentVariable("QUVA_APP_DIR");
-    return dir.isEmpty() ? QCoreApplication::applicationDirPath() : dir;
 }

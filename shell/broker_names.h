@@ -8,6 +8,7 @@
 //   QUVA_BROKER_NAME  the server's local name: a path, or a bare name taken
 //                     in the temporary folder
 //   QUVA_APP_DIR      the folder that holds QuvaServer and quva-cfg-editor
+//                     (applicationDirectory())
 // A server started by an editor inherits both.
 
 // The one topic of a conversation.
@@ -32,6 +33,3 @@ QString brokerListenerName(const QString &serverName, qint64 pid);
 
 // The socket file of a local name, as the socket classes place it.
 QString brokerSocketPath(const QString &name);
-
-// QUVA_APP_DIR when set, else the folder of the running program.
-QString brokerApplicationDir();

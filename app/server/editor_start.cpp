@@ -1,6 +1,6 @@
 #include "app/server/editor_start.h"
 
-#include "shell/broker_names.h"
+#include "shell/application_directory.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -12,7 +12,7 @@ QString editorFor(const QString &fileOrKind)
 {
     if (!fileOrKind.endsWith(QLatin1String(".CfgXML")))
         return QString();
-    return brokerApplicationDir() + QLatin1String("/quva-cfg-editor");
+    return applicationDirectory() + QLatin1String("/quva-cfg-editor");
 }
 
 bool isKindOnly(const QString &fileOrKind)
