@@ -96,6 +96,7 @@ void QuvaCfgXMLEditor::setUpPages()
 {
     pages = PageTable(ui->twMain);
     PageContext &context = *this;
+    execute = new ExecutePanel(this, true);
     quvaPage = new QuvaPage(context);
     connect(quvaPage, &QuvaPage::openConfigRequested, this,
             &QuvaCfgXMLEditor::on_actionOpenConfigFile_triggered);
@@ -107,8 +108,7 @@ void QuvaCfgXMLEditor::setUpPages()
     pages.add(PageSelectLine, new SelectLinePage(context));
     pages.add(PageTargetDefinition, new TargetDefinitionPage(context));
     pages.add(PageModalityRecodings, new ModalityRecodingsPage(context));
-    pages.add(PageCreateModel, new CreateModelPage(context));
-    execute = new ExecutePanel(this, true);
+    pages.add(PageCreateModel, new CreateModelPage(context, execute));
     apply = new PanelApply(this, nullptr, execute);
     apply->setObjectName(QStringLiteral("applyPanel"));
     pages.add(PageApply, apply, QStringLiteral("Apply model"));
