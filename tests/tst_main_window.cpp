@@ -6,6 +6,7 @@
 #include "shell/main_window.h"
 #include "shell/window_broker.h"
 #include "shell/settings.h"
+#include "url_sink.h"
 
 #include <QAction>
 #include <QApplication>
@@ -53,17 +54,6 @@ public:
     QStringList asked;
     QStringList switches;
     int answer = 0;
-};
-
-// Receives the URLs that the window hands to the desktop.
-class UrlSink : public QObject
-{
-    Q_OBJECT
-public slots:
-    void openUrl(const QUrl &url) { urls << url; }
-
-public:
-    QList<QUrl> urls;
 };
 
 const char descriptionText[] =

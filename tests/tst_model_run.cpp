@@ -9,6 +9,7 @@
 #include "shell/execute_panel.h"
 #include "shell/gui_reporter.h"
 #include "shell/model_run.h"
+#include "url_sink.h"
 
 #include <QDBusConnection>
 #include <QDesktopServices>
@@ -44,16 +45,6 @@ public:
     mutable QUndoStack stack;
     bool writable = true;
     int writes = 0;
-};
-
-class UrlSink : public QObject
-{
-    Q_OBJECT
-public slots:
-    void openUrl(const QUrl &url) { paths << url.toLocalFile(); }
-
-public:
-    QStringList paths;
 };
 
 // The desktop's notification service, as the session bus offers it.
@@ -171,7 +162,7 @@ void tst_model_run::init()
     work = std::make_unique<QTemporaryDir>();
     questions.clear();
     answers.clear();
-    sink.paths.clear();
+    sink.urls.clear();
     service.notices.clear();
     context.stack.clear();
     context.record.reset();
@@ -352,18 +343,18 @@ void tst_model_run::reportsOfNewestFolder()
                                "_4_CheckOverfitting2.png", "_5_FinalModel.png"})
         run->openReport(QLatin1String(suffix));
     run->openReport(QString());
-    QCOMPARE(sink.paths, (QStringList{stem + "_analysisReport.doc", stem + "_analysisReport.xlsx",
+    QCOMPARE(sink.paths(), (QStringList{stem + "_analysisReport.doc", stem + "_analysisReport.xlsx",
                                       stem + "_analysisReport.html",
                                       stem + "_4_CheckOverfitting2.png",
                                       stem + "_5_FinalModel.png", work->filePath("a_002")}));
     QVERIFY(questions.isEmpty());
 
-    sink.paths.clear();
+    sink.urls.clear();
     QVERIFY(QDir(work->path()).rmdir("a_001"));
     QVERIFY(QFile::remove(stem + "_analysisReport.html"));
     QVERIFY(QDir(work->path()).rmdir("a_002"));
     run->openReport("_analysisReport.doc");
-    QCOMPARE(sink.paths, QStringList{work->filePath("A_007/a_analysisReport.doc")});
+    QCOMPARE(sink.paths(), QStringList{work->filePath("A_007/a_analysisReport.doc")});
 }
 
 // The name goes into the pattern as it stands: "+" repeats the letter
@@ -374,14 +365,14 @@ void tst_model_run::specialCharactersInName()
     for (const char *folder : {"a+b_001", "aab_002"})
         QVERIFY(QDir(work->path()).mkdir(folder));
     run->openReport("_5_FinalModel.png");
-    QCOMPARE(sink.paths, QStringList{work->filePath("aab_002/a+b_5_FinalModel.png")});
+    QCOMPARE(sink.paths(), QStringList{work->filePath("aab_002/a+b_5_FinalModel.png")});
 
-    sink.paths.clear();
+    sink.urls.clear();
     QVERIFY(QFile::rename(work->filePath("a+b.CfgXML"), work->filePath("x(1.CfgXML")));
     context.record->cfgFileName = work->filePath("x(1.CfgXML");
     QVERIFY(QDir(work->path()).mkdir("x(1_001"));
     run->openReport("_5_FinalModel.png");
-    QVERIFY(sink.paths.isEmpty());
+    QVERIFY(sink.paths().isEmpty());
 }
 
 // Without the HTML report the converter makes it, and its end opens it.
@@ -401,12 +392,12 @@ void tst_model_run::htmlMadeWhenMissing()
     QCOMPARE(execute->taskNumber(), 1);
     QVERIFY(waitEnd(finished));
     const QString report = work->filePath("credit_001/credit_analysisReport.html");
-    QCOMPARE(sink.paths, QStringList{report});
+    QCOMPARE(sink.paths(), QStringList{report});
     QVERIFY(QFileInfo::exists(report));
     QVERIFY(questions.isEmpty()); // no box for the converter
     // Once made, it opens at once.
     run->openReport("_analysisReport.html");
-    QCOMPARE(sink.paths, (QStringList{report, report}));
+    QCOMPARE(sink.paths(), (QStringList{report, report}));
 }
 
 void tst_model_run::noOutputFolderNoMessage()
@@ -414,7 +405,7 @@ void tst_model_run::noOutputFolderNoMessage()
     load("credit.CfgXML");
     for (const char *suffix : {"", "_analysisReport.doc", "_analysisReport.html"})
         run->openReport(QLatin1String(suffix));
-    QVERIFY(sink.paths.isEmpty());
+    QVERIFY(sink.paths().isEmpty());
     QVERIFY(questions.isEmpty());
     QVERIFY(!ExecutePanel::isExecuting);
 }

@@ -5,26 +5,13 @@
 #include "window_test_support.h"
 
 #include "shell/execute_panel.h"
+#include "url_sink.h"
 
 #include <QDesktopServices>
 #include <QDir>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
-
-namespace {
-
-class UrlSink : public QObject
-{
-    Q_OBJECT
-public slots:
-    void openUrl(const QUrl &url) { paths << url.toLocalFile(); }
-
-public:
-    QStringList paths;
-};
-
-} // namespace
 
 class tst_model_run_page : public QObject
 {
@@ -85,7 +72,7 @@ void tst_model_run_page::init()
 {
     w.reset();
     support.reset();
-    sink.paths.clear();
+    sink.urls.clear();
     for (const char *name : {"credit.DescXML", "credit.CfgXML"}) {
         QFile::copy(QStringLiteral(QUVA_SOURCE_DIR "/examples/") + name, support.path(name));
         QFile::setPermissions(support.path(name), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
@@ -188,7 +175,7 @@ void tst_model_run_page::buttonOpensItsReport()
     QVERIFY(folder.mkdir("credit_001") && folder.mkdir("credit_002"));
     QVERIFY(!support.write("credit_002/credit_analysisReport.html", "<html/>").isEmpty());
     click(button.toLatin1().constData());
-    QCOMPARE(sink.paths, QStringList{support.path(target)});
+    QCOMPARE(sink.paths(), QStringList{support.path(target)});
     QVERIFY(support.questions.isEmpty());
     QVERIFY(!ExecutePanel::isExecuting);
 }
@@ -197,7 +184,7 @@ void tst_model_run_page::noOutputFolderNothingHappens()
 {
     for (const char *name : {"pbWordReport", "pbHTMLReport", "pbOpenLastestDir"})
         click(name);
-    QVERIFY(sink.paths.isEmpty());
+    QVERIFY(sink.paths().isEmpty());
     QVERIFY(support.questions.isEmpty());
     QVERIFY(!ExecutePanel::isExecuting);
 }
@@ -251,7 +238,7 @@ void tst_model_run_page::missingHtmlReportMadeByConverter()
     click("pbHTMLReport");
     QCOMPARE(w->executePanel()->taskNumber(), 1);
     QVERIFY(waitEnd(finished));
-    QCOMPARE(sink.paths, QStringList{report});
+    QCOMPARE(sink.paths(), QStringList{report});
     QVERIFY(QFileInfo::exists(report));
     QVERIFY(support.questions.isEmpty());
     QVERIFY(!progress.isEmpty());

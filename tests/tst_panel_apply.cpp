@@ -7,6 +7,7 @@
 #include "shell/panel_apply.h"
 #include "window_test_support.h"
 #include "shell/window_broker.h"
+#include "url_sink.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -21,17 +22,6 @@
 #include <QSignalSpy>
 
 namespace {
-
-// Receives the URLs that the page hands to the desktop.
-class UrlSink : public QObject
-{
-    Q_OBJECT
-public slots:
-    void openUrl(const QUrl &url) { urls << url.toLocalFile(); }
-
-public:
-    QStringList urls;
-};
 
 class RecordingBroker final : public WindowBroker
 {
@@ -365,7 +355,7 @@ void tst_panel_apply::outputFolderChoiceAndUp()
     QTest::mouseClick(control<QPushButton>("pbOuputDirectoryUp"), Qt::LeftButton);
     QCOMPARE(control<QLineEdit>("leOutputDirectory")->text(), QStringLiteral("/a/b"));
     QTest::mouseClick(control<QPushButton>("pbOpenOutputDirectory"), Qt::LeftButton);
-    QCOMPARE(sink.urls, QStringList{"/a/b"});
+    QCOMPARE(sink.paths(), QStringList{"/a/b"});
 }
 
 void tst_panel_apply::editDatasourceAsksBroker()
@@ -408,7 +398,7 @@ void tst_panel_apply::commandFileRunsAndIsShown()
     control<QPlainTextEdit>("pteCommand")->appendPlainText("# changed by hand");
     QTest::mouseClick(control<QPushButton>("pbSaveCommand"), Qt::LeftButton);
     const QString file = support.path("m_appliedOn_my data.sh");
-    QCOMPARE(sink.urls, QStringList{file});
+    QCOMPARE(sink.paths(), QStringList{file});
     QCOMPARE(WindowTestSupport::bytes(file), command().toUtf8());
     QVERIFY(QFileInfo(file).permissions() & QFileDevice::ExeOwner);
     QProcess bash;
