@@ -4,10 +4,11 @@
 // pictures of the README.
 //
 //   page-picture [--advanced] [--size WIDTHxHEIGHT] [--page OBJECTNAME]
-//                [--filter PATTERN] [--click BUTTON] [--run-until PERCENT]
-//                CFGFILE OUT.png
+//                [--filter PATTERN] [--click BUTTON] [--tab TEXT]
+//                [--run-until PERCENT] CFGFILE OUT.png
 //
 // --click clicks the push button of that object name on the page first.
+// --tab turns the page's tab widgets to their tab of that text ("Help").
 // --run-until starts the engine from the run page and draws the window as
 // soon as its progress bar has reached PERCENT; the engine is the one of
 // the application directory (QUVA_APP_DIR).
@@ -22,6 +23,7 @@
 #include <QPushButton>
 #include <QStringList>
 #include <QTabWidget>
+#include <QTreeWidget>
 
 #include <cstdio>
 
@@ -34,6 +36,7 @@ struct Options
     QString page = QStringLiteral("tQuva");
     QString filter;
     QString click;
+    QString tab;
     int runUntil = -1;
     QString cfgPath;
     QString outPath;
@@ -58,6 +61,8 @@ bool parse(const QStringList &args, Options *o)
             o->filter = args.at(++i);
         } else if (a == QLatin1String("--click") && hasValue) {
             o->click = args.at(++i);
+        } else if (a == QLatin1String("--tab") && hasValue) {
+            o->tab = args.at(++i);
         } else if (a == QLatin1String("--run-until") && hasValue) {
             o->runUntil = args.at(++i).toInt();
         } else {
@@ -69,6 +74,27 @@ bool parse(const QStringList &args, Options *o)
     o->cfgPath = rest.at(0);
     o->outPath = rest.at(1);
     return true;
+}
+
+// Turns the tab widgets of the page in view that have a tab of that text
+// (the expression pages' "Help") to it, with the first section of a tree
+// there opened; false when none has.
+bool showTab(QuvaCfgXMLEditor &w, const QString &text)
+{
+    const PageTable &pages = w.pageTable();
+    QWidget *page = pages.widget(pages.currentNumber());
+    bool found = false;
+    for (QTabWidget *tabs : page ? page->findChildren<QTabWidget *>() : QList<QTabWidget *>()) {
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (tabs->tabText(i) == text) {
+                tabs->setCurrentIndex(i);
+                for (QTreeWidget *tree : tabs->widget(i)->findChildren<QTreeWidget *>())
+                    tree->expandItem(tree->topLevelItem(0));
+                found = true;
+            }
+        }
+    }
+    return found;
 }
 
 // The page of that object name in view, toggled into the row first if it
@@ -121,7 +147,7 @@ int main(int argc, char *argv[])
     if (!parse(args, &o)) {
         std::fprintf(stderr, "usage: page-picture [--advanced] [--size WIDTHxHEIGHT] "
                              "[--page OBJECTNAME] [--filter PATTERN] [--click BUTTON] "
-                             "[--run-until PERCENT] "
+                             "[--tab TEXT] [--run-until PERCENT] "
                              "CFGFILE OUT.png\n");
         return 2;
     }
@@ -147,6 +173,10 @@ int main(int argc, char *argv[])
             return 1;
         }
         button->click();
+    }
+    if (!o.tab.isEmpty() && !showTab(w, o.tab)) {
+        std::fprintf(stderr, "page-picture: no tab %s\n", qUtf8Printable(o.tab));
+        return 1;
     }
     if (o.runUntil >= 0 && !runUntil(w, o.runUntil)) {
         std::fprintf(stderr, "page-picture: the run did not reach %d%%\n", o.runUntil);
