@@ -45,6 +45,7 @@ private slots:
     void twoIsActiveChangesTwoSteps();
     void fileTakenOnReturn();
     void fileFromDialog();
+    void dialogsStartWhereTheFileFieldSays();
     void boxesPushTheirTexts();
     void checkAfterTypingCommitsFirst();
     void checkReadsTheRecord();
@@ -273,6 +274,34 @@ void tst_select_line_page::fileFromDialog()
     QCOMPARE(control<QLineEdit>("leLsFile")->text(), QStringLiteral("/k/list.csv"));
     click("pbLsFile"); // cancelled
     QCOMPARE(stack()->count(), 2);
+}
+
+// Both dialogs start from the selection file's field, the segmentation
+// model's too, or from the last folder when that field is empty.
+void tst_select_line_page::dialogsStartWhereTheFileFieldSays()
+{
+    QList<FileQuestion> asked;
+    setFileDialogHook([&asked](const FileQuestion &q) {
+        asked << q;
+        return QString();
+    });
+    setLastDir(QStringLiteral("/last/folder/any.txt"));
+    click("pbLsFile");
+    control<QLineEdit>("leLsFile")->setText(QStringLiteral("/keys/list.txt"));
+    control<QLineEdit>("leSegmentation")->setText(QStringLiteral("/models/m.SModelXML"));
+    click("pbLsFile");
+    click("pbSegmentation");
+    support.install();
+    QCOMPARE(asked.size(), 3);
+    QCOMPARE(asked.at(0).directory, lastDir());
+    QVERIFY(lastDir().startsWith(QStringLiteral("/last")));
+    QCOMPARE(asked.at(0).filter, QStringLiteral("Primary Key List file (*.txt;*csv);;All (*.*)"));
+    QCOMPARE(asked.at(1).directory, QStringLiteral("/keys/list.txt"));
+    QCOMPARE(asked.at(2).directory, QStringLiteral("/keys/list.txt"));
+    QCOMPARE(asked.at(2).caption, QStringLiteral("Choose file"));
+    QCOMPARE(asked.at(2).filter,
+             QStringLiteral("Segmentation Model file (*.SModelXML);;All (*.*)"));
+    QCOMPARE(stack()->count(), 0);
 }
 
 void tst_select_line_page::boxesPushTheirTexts()

@@ -215,11 +215,20 @@ void tst_target_definition_page::fileTextsAndDialog()
     field->setFocus();
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(stack()->text(1), QStringLiteral("target File|=>/k.txt"));
-    support.fileAnswers << QStringLiteral("/keys/t.txt");
+    QList<FileQuestion> asked;
+    setFileDialogHook([&asked](const FileQuestion &q) {
+        asked << q;
+        return QStringLiteral("/keys/t.txt");
+    });
     click("pbTargetFile");
-    QCOMPARE(support.fileQuestions, QStringList{"Choose target file"});
+    support.install();
+    QCOMPARE(asked.size(), 1);
+    QCOMPARE(asked.at(0).caption, QStringLiteral("Choose target file"));
+    QCOMPARE(asked.at(0).directory, QStringLiteral("/k.txt"));
+    QCOMPARE(asked.at(0).filter, QStringLiteral("target key file (*.txt);;All (*.*)"));
     QCOMPARE(cfg()->targetFile, QStringLiteral("/keys/t.txt"));
     click("pbTargetFile"); // cancelled
+    QCOMPARE(support.fileQuestions.size(), 1);
     QCOMPARE(stack()->count(), 3);
 }
 
