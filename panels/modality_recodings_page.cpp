@@ -1,7 +1,7 @@
 #include "panels/modality_recodings_page.h"
 
 #include "core/cfg_model.h"
-#include "edit/undo_commands.h"
+#include "panels/push_value.h"
 #include "panels/slider_setup.h"
 #include "ui_modality_recodings_page.h"
 
@@ -66,10 +66,8 @@ template <typename T>
 void ModalityRecodingsPage::pushValue(T CfgModel::*field, T value, const char *name,
                                       bool mergeable)
 {
-    if (updatingPanel() || !cfg())
-        return;
-    push(new UpdateTemplateCommand<T>(&(cfg()->*field), value, QString::fromLatin1(name),
-                                      PageModalityRecodings, mergeable));
+    ::pushValue(context, field, value, QString::fromLatin1(name), PageModalityRecodings,
+                mergeable);
 }
 
 // --- the two groups of the general minimum size ------------------------------
