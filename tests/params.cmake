@@ -1,0 +1,1 @@
+quva_add_test(tst_data_partitioning_page quva_shell)
