@@ -1,1 +1,2 @@
 quva_add_test(tst_data_partitioning_page quva_shell)
+quva_add_test(tst_model_param1_page quva_shell)
