@@ -1,2 +1,4 @@
 quva_add_test(tst_data_partitioning_page quva_shell)
 quva_add_test(tst_model_param1_page quva_shell)
+quva_add_test(tst_model_param2_page quva_shell)
+quva_add_test(tst_model_modes quva_panels)
