@@ -108,6 +108,15 @@ bool CfgDocument::saveConfig(bool askName, const WorkingSpace &windowPlace)
     return true;
 }
 
+bool CfgDocument::write(const WorkingSpace &windowPlace)
+{
+    if (!model || !saveCfgFile(*model, &windowPlace))
+        return false;
+    stack.setClean();
+    emit saved();
+    return true;
+}
+
 void CfgDocument::release()
 {
     if (!model)

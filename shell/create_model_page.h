@@ -2,6 +2,8 @@
 
 #include "panels/page.h"
 
+class ExecutePanel;
+class ModelRun;
 class QRadioButton;
 
 namespace Ui {
@@ -10,14 +12,16 @@ class CreateModelPage;
 
 // Page "CREATE MODEL", which every user sees: the purpose of the model as
 // a short form of the modes (performance, with Smart Activate if asked, or
-// insight), then the run of the engine on the saved file and its reports.
-// The mode buttons push commands of page 8.
+// insight), then the run of the engine on the saved file, its progress, and
+// the reports and charts of its newest output folder. Runs and reports go
+// through the log page's panel; the mode buttons push commands of page 8.
 class CreateModelPage : public Page
 {
     Q_OBJECT
 
 public:
-    explicit CreateModelPage(PageContext &context, QWidget *parent = nullptr);
+    CreateModelPage(PageContext &context, ExecutePanel *executePanel,
+                    QWidget *parent = nullptr);
     ~CreateModelPage() override;
 
     // Every record starts with Smart Activate asked for.
@@ -26,10 +30,25 @@ public:
 private slots:
     void on_rbModelPerform_2_clicked();
     void on_rbModelStandard_2_clicked();
+    void on_pbRunQuva_clicked();
+    void on_pbWordReport_clicked();
+    void on_pbExcelReport_clicked();
+    void on_pbHTMLReport_clicked();
+    void on_pbOpenLastestDir_clicked();
+    void on_pbOverFit2_clicked();
+    void on_pbFinal_clicked();
+    void on_myFinishExe(int taskNumber, int exitCode, int exitStatus);
+    void on_myProgressBar(int progress, QString arg);
 
 private:
     void refreshControls() override;
+    // The report buttons need a file name only, not an output folder: a
+    // click before any run simply finds nothing.
+    void refreshReportButtons();
+    // The two buttons of the modes show the mode the record's values make.
+    void refreshModes();
     void keepChecked(QRadioButton *button);
 
     Ui::CreateModelPage *ui;
+    ModelRun *run;
 };

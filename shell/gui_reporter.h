@@ -21,6 +21,11 @@ struct UserQuestion
     QString text;
     QMessageBox::StandardButtons buttons;
     QMessageBox::StandardButton defaultButton;
+    // A box with two buttons of its own words instead of the standard ones:
+    // the first accepts and is the default, the second rejects. The answer
+    // is then Ok for the first and Cancel for the second (or a box closed).
+    QString acceptText = QString();
+    QString rejectText = QString();
 };
 
 using QuestionHook = std::function<QMessageBox::StandardButton(const UserQuestion &)>;
@@ -33,6 +38,7 @@ struct FileQuestion
     QString caption;
     QString directory;
     QString filter;
+    bool folder = false; // a folder is chosen, not a file
 };
 
 using FileDialogHook = std::function<QString(const FileQuestion &)>;
@@ -55,6 +61,8 @@ QString askOpenFileName(QWidget *parent, const QString &caption, const QString &
                         const QString &filter);
 QString askSaveFileName(QWidget *parent, const QString &caption, const QString &directory,
                         const QString &filter);
+// An existing folder, directories only shown.
+QString askExistingDirectory(QWidget *parent, const QString &caption, const QString &directory);
 
 // Shows the record layer's messages in boxes over the window and its waits
 // with the application's override cursor.

@@ -14,6 +14,7 @@
 struct CfgModel;
 class CfgDocument;
 class ExecutePanel;
+class PanelApply;
 class QAction;
 class QMenu;
 class QUndoStack;
@@ -47,10 +48,11 @@ public:
     CfgModel *cfg() const override;
     QUndoStack *undoStack() const override;
     bool targetEditable() const override { return targetIsEditable; }
+    bool writeRecord() override;
     bool updatingPanel() const { return PageContext::updatingPanel(); }
     const PageTable &pageTable() const { return pages; }
     ExecutePanel *executePanel() const { return execute; }
-    QWidget *applyPanel() const { return apply; }
+    PanelApply *applyPanel() const { return apply; }
     QUndoView *undoView() const { return stackView; }
     QMenu *recentFilesMenu() const { return recentMenu; }
     const QVector<QAction *> &recentFileActions() const { return recentActions; }
@@ -126,7 +128,7 @@ private:
     PageTable pages;
     QuvaPage *quvaPage = nullptr;
     ExecutePanel *execute = nullptr;
-    QWidget *apply = nullptr;
+    PanelApply *apply = nullptr;
     QUndoView *stackView = nullptr;
     QMenu *recentMenu = nullptr;
     QVector<QAction *> recentActions;

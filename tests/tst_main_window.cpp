@@ -1,10 +1,12 @@
 #include "core/cfg_model.h"
 #include "edit/undo_commands.h"
 #include "shell/execute_panel.h"
+#include "shell/panel_apply.h"
 #include "shell/gui_reporter.h"
 #include "shell/main_window.h"
 #include "shell/window_broker.h"
 #include "shell/settings.h"
+#include "url_sink.h"
 
 #include <QAction>
 #include <QApplication>
@@ -52,17 +54,6 @@ public:
     QStringList asked;
     QStringList switches;
     int answer = 0;
-};
-
-// Receives the URLs that the window hands to the desktop.
-class UrlSink : public QObject
-{
-    Q_OBJECT
-public slots:
-    void openUrl(const QUrl &url) { urls << url; }
-
-public:
-    QList<QUrl> urls;
 };
 
 const char descriptionText[] =
@@ -157,6 +148,7 @@ private slots:
     void helpOpensGuide();
     void brokerMenus();
     void commandLineFileOpensQuietly();
+    void commandLineDescriptionUnderMinusD();
     void fileTakesItsPlaceOnEveryRoad();
     void reporterShowsBoxes();
 
@@ -1006,6 +998,28 @@ void tst_main_window::commandLineFileOpensQuietly()
     QVERIFY(questions.isEmpty());
     QVERIFY(w->undoStack()->isClean());
     QVERIFY(!w->updatingPanel());
+}
+
+// A program started under the name "-d" opens its argument as a
+// description; the launcher of the description's MIME type starts it so.
+void tst_main_window::commandLineDescriptionUnderMinusD()
+{
+    const QByteArray path = descPath.toLocal8Bit();
+    char *program = appArgv[0];
+    char minusD[] = "-d";
+    appArgv[0] = minusD;
+    appArgv[1] = const_cast<char *>(path.constData());
+    appArgc = 2;
+    QCOMPARE(QCoreApplication::arguments(), (QStringList{"-d", descPath}));
+    auto w = makeWindow();
+    appArgc = 1;
+    appArgv[0] = program;
+    appArgv[1] = nullptr;
+    QVERIFY(w->cfg());
+    QVERIFY(w->cfg()->cfgFileName.isEmpty()); // the description's own configuration
+    QCOMPARE(w->cfg()->desc->fileName, descPath);
+    QVERIFY(broker.switches.isEmpty());
+    QVERIFY(questions.isEmpty());
 }
 
 // The place stored in the file wins over the window's own first size,

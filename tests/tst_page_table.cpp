@@ -17,6 +17,7 @@ public:
     CfgModel *cfg() const override { return nullptr; }
     QUndoStack *undoStack() const override { return &stack; }
     bool targetEditable() const override { return false; }
+    bool writeRecord() override { return false; }
     mutable QUndoStack stack;
 };
 

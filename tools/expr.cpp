@@ -46,7 +46,7 @@ const char usage[] =
     "usage: quva-expr [-n NAME=NUMBER]... [-s NAME=TEXT]... [--addn] [--seed N]\n"
     "                 [--date-format FORMAT] [--et-origin \"yyyyMMdd hh:mm:ss\"]\n"
     "                 [--et-unit 0..4] [--utc] EXPRESSION\n"
-    "       quva-expr --help\n";
+    "       quva-expr --help | --version\n";
 
 const char help[] =
     "\n"
@@ -62,6 +62,7 @@ const char help[] =
     "  --et-unit U         unit of elapsed times, 0 to 4\n"
     "  --utc               dates in UTC\n"
     "  -h, --help          this text\n"
+    "  --version           the version\n"
     "\n"
     "Standard output gets \"engine: <label>\", \"check: <text>\" and\n"
     "\"value: <type> <value>\". Exit status: 0 the expression gave a value,\n"
@@ -197,6 +198,11 @@ bool isHelpRequest(const QStringList &args)
            && (args.at(1) == QLatin1String("--help") || args.at(1) == QLatin1String("-h"));
 }
 
+bool isVersionRequest(const QStringList &args)
+{
+    return args.size() == 2 && args.at(1) == QLatin1String("--version");
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -204,6 +210,10 @@ int main(int argc, char *argv[])
     QCoreApplication app(argc, argv);
     if (isHelpRequest(QCoreApplication::arguments())) {
         out() << usage << help;
+        return 0;
+    }
+    if (isVersionRequest(QCoreApplication::arguments())) {
+        out() << "quva-expr " QUVA_VERSION "\n";
         return 0;
     }
     ToolOptions options;

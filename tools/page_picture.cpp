@@ -4,13 +4,22 @@
 // pictures of the README.
 //
 //   page-picture [--advanced] [--size WIDTHxHEIGHT] [--page OBJECTNAME]
-//                [--filter PATTERN] CFGFILE OUT.png
+//                [--filter PATTERN] [--click BUTTON] [--run-until PERCENT]
+//                CFGFILE OUT.png
+//
+// --click clicks the push button of that object name on the page first.
+// --run-until starts the engine from the run page and draws the window as
+// soon as its progress bar has reached PERCENT; the engine is the one of
+// the application directory (QUVA_APP_DIR).
 
 #include "shell/main_window.h"
 #include "shell/settings.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QStringList>
 #include <QTabWidget>
 
@@ -24,6 +33,8 @@ struct Options
     QSize size{1100, 760};
     QString page = QStringLiteral("tQuva");
     QString filter;
+    QString click;
+    int runUntil = -1;
     QString cfgPath;
     QString outPath;
 };
@@ -45,6 +56,10 @@ bool parse(const QStringList &args, Options *o)
             o->page = args.at(++i);
         } else if (a == QLatin1String("--filter") && hasValue) {
             o->filter = args.at(++i);
+        } else if (a == QLatin1String("--click") && hasValue) {
+            o->click = args.at(++i);
+        } else if (a == QLatin1String("--run-until") && hasValue) {
+            o->runUntil = args.at(++i).toInt();
         } else {
             rest << a;
         }
@@ -73,6 +88,22 @@ bool showPage(QuvaCfgXMLEditor &w, const QString &name)
     return false;
 }
 
+// Clicks "Run Quva Modeler" and waits, at most 30 s, for the bar to reach
+// `percent`. The picture is taken during the run, before its end box.
+bool runUntil(QuvaCfgXMLEditor &w, int percent)
+{
+    auto *run = w.findChild<QPushButton *>(QStringLiteral("pbRunQuva"));
+    auto *bar = w.findChild<QProgressBar *>(QStringLiteral("progressBar"));
+    if (!run || !bar)
+        return false;
+    run->click();
+    QElapsedTimer clock;
+    clock.start();
+    while (bar->value() < percent && clock.elapsed() < 30000)
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return bar->value() >= percent;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -89,7 +120,9 @@ int main(int argc, char *argv[])
     Options o;
     if (!parse(args, &o)) {
         std::fprintf(stderr, "usage: page-picture [--advanced] [--size WIDTHxHEIGHT] "
-                             "[--page OBJECTNAME] [--filter PATTERN] CFGFILE OUT.png\n");
+                             "[--page OBJECTNAME] [--filter PATTERN] [--click BUTTON] "
+                             "[--run-until PERCENT] "
+                             "CFGFILE OUT.png\n");
         return 2;
     }
     setAdvancedUser(o.advanced);
@@ -106,6 +139,18 @@ int main(int argc, char *argv[])
     if (!o.filter.isEmpty()) {
         if (auto *edit = w.findChild<QLineEdit *>(QStringLiteral("leSelector1")))
             edit->setText(o.filter);
+    }
+    if (!o.click.isEmpty()) {
+        auto *button = w.findChild<QPushButton *>(o.click);
+        if (!button) {
+            std::fprintf(stderr, "page-picture: no button %s\n", qUtf8Printable(o.click));
+            return 1;
+        }
+        button->click();
+    }
+    if (o.runUntil >= 0 && !runUntil(w, o.runUntil)) {
+        std::fprintf(stderr, "page-picture: the run did not reach %d%%\n", o.runUntil);
+        return 1;
     }
     QApplication::processEvents();
     return w.grab().save(o.outPath) ? 0 : 1;
