@@ -9,10 +9,9 @@
 
 AucWeights::AucWeights(PageContext &context, QwtSlider *fullSlider, QLineEdit *fullEdit,
                        QwtSlider *noneSlider, QLineEdit *noneEdit)
-    : context(context),
-      full{SliderEditPair(context, fullSlider, fullEdit,
-                          [this](double value) { commit(Full, value); }),
-           &CfgModel::p1, QStringLiteral("AUC Weight full"), false},
+    : context(context), full{SliderEditPair(context, fullSlider, fullEdit,
+                                            [this](double value) { commit(Full, value); }),
+                             &CfgModel::p1, QStringLiteral("AUC Weight full"), false},
       none{SliderEditPair(context, noneSlider, noneEdit,
                           [this](double value) { commit(None, value); }),
            &CfgModel::p2, QStringLiteral("AUC Weight none"), true}

@@ -37,8 +37,7 @@ DataPartitioningPage::DataPartitioningPage(PageContext &context, QWidget *parent
              SliderEditPair::Integer),
       targetDensity(context, ui->sMaxTargetDensity, ui->leMaxTargetDensity,
                     percentCommit(context, &CfgModel::maxTargetDensity,
-                                  QStringLiteral("max nbr Validation sets"),
-                                  PageDataPartitioning)),
+                                  QStringLiteral("max nbr Validation sets"), PageDataPartitioning)),
       testDSSize(context, ui->sMaxTestDSSize, ui->leMaxTestDSSize,
                  percentCommit(context, &CfgModel::maxTestDSSize,
                                QStringLiteral("max test DS size"), PageDataPartitioning))
@@ -79,9 +78,8 @@ void DataPartitioningPage::refreshPurify(const CfgModel &record)
 {
     const bool on = record.purifyTarget > 0;
     ui->cbPurify->setChecked(on);
-    setControlsEnabled({ui->lePurify, ui->lPurify1, ui->lPurify2, ui->lPurify3, ui->leStratif,
-                        ui->pbBrowse},
-                       on);
+    setControlsEnabled(
+        {ui->lePurify, ui->lPurify1, ui->lPurify2, ui->lPurify3, ui->leStratif, ui->pbBrowse}, on);
     ui->lePurify->setText(percentText(record.purifyTarget));
 }
 
@@ -133,8 +131,8 @@ void DataPartitioningPage::on_sNTestSet_valueChanged(double val)
 
 void DataPartitioningPage::on_sNValSet_valueChanged(double val)
 {
-    pushChangedValue(context, &CfgModel::nValSet, int(val),
-                     QStringLiteral("nbr Validation sets"), PageDataPartitioning);
+    pushChangedValue(context, &CfgModel::nValSet, int(val), QStringLiteral("nbr Validation sets"),
+                     PageDataPartitioning);
 }
 
 void DataPartitioningPage::on_sNMaxValSet_valueChanged(double val)
@@ -205,8 +203,8 @@ void DataPartitioningPage::on_leMaxTestDSSize_editingFinished()
 // Checking starts from 5 percent; unchecking stores the marker of "off".
 void DataPartitioningPage::on_cbPurify_clicked(bool val)
 {
-    pushValue(context, &CfgModel::purifyTarget, val ? 0.05 : -1.0,
-              QStringLiteral("checkB purify"), PageDataPartitioning, false);
+    pushValue(context, &CfgModel::purifyTarget, val ? 0.05 : -1.0, QStringLiteral("checkB purify"),
+              PageDataPartitioning, false);
 }
 
 void DataPartitioningPage::on_lePurify_editingFinished()
@@ -226,9 +224,8 @@ void DataPartitioningPage::on_leStratif_editingFinished()
 // answer, a cancel included, changes nothing and says nothing.
 void DataPartitioningPage::on_pbBrowse_clicked()
 {
-    const QString path =
-        askOpenFileName(this, QStringLiteral("Open Quva model file"), universDir(),
-                        QStringLiteral("Model file (*.ModelXML)"));
+    const QString path = askOpenFileName(this, QStringLiteral("Open Quva model file"), universDir(),
+                                         QStringLiteral("Model file (*.ModelXML)"));
     if (path.endsWith(QLatin1String(".ModelXML")))
         pushValue(context, &CfgModel::PartioningModel, path, QStringLiteral("model "),
                   PageDataPartitioning, false);

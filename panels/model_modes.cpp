@@ -12,8 +12,8 @@ bool penalization(const CfgModel &record, double alpha, Pruning pruning)
     return record.lambda == -1.0 && record.alpha == alpha && record.pruning == pruning;
 }
 
-QUndoCommandPanel *presetGroup(CfgModel &record, double alpha, Pruning pruning,
-                               const QString &text, quint8 panel)
+QUndoCommandPanel *presetGroup(CfgModel &record, double alpha, Pruning pruning, const QString &text,
+                               quint8 panel)
 {
     auto *group = new QUndoCommandPanel(text, panel);
     addChange(group, &record.lambda, -1.0);

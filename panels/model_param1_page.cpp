@@ -30,17 +30,16 @@ ModelParam1Page::ModelParam1Page(PageContext &context, QWidget *parent)
       alpha(context, ui->sAlpha, ui->leAlpha,
             percentCommit(context, &CfgModel::alpha, QStringLiteral("alpha"), PageModelParam1)),
       lambda(context, ui->sLambdaUser, ui->leLambdaUser,
-             percentCommit(context, &CfgModel::lambda, QStringLiteral("lambda"),
-                           PageModelParam1)),
-      lambdaMaxVar(context, ui->sLambdaMaxVar, ui->leLambdaMaxVar,
-                   countCommit(context, &CfgModel::nMaxVar, QStringLiteral("lambda"),
-                               PageModelParam1)),
+             percentCommit(context, &CfgModel::lambda, QStringLiteral("lambda"), PageModelParam1)),
+      lambdaMaxVar(
+          context, ui->sLambdaMaxVar, ui->leLambdaMaxVar,
+          countCommit(context, &CfgModel::nMaxVar, QStringLiteral("lambda"), PageModelParam1)),
       weights(context, ui->sAUCWeightFull, ui->leAUCWeightFull, ui->sAUCWeightNone,
               ui->leAUCWeightNone)
 {
     PanelRefreshScope scope(context);
-    for (QwtSlider *slider : {ui->sAlpha, ui->sLambdaUser, ui->sLambdaMaxVar,
-                              ui->sAUCWeightFull, ui->sAUCWeightNone}) {
+    for (QwtSlider *slider :
+         {ui->sAlpha, ui->sLambdaUser, ui->sLambdaMaxVar, ui->sAUCWeightFull, ui->sAUCWeightNone}) {
         setUpSliderLook(slider, SliderBackground::Slot, false);
         setSliderRange(slider, 0, 100, 1);
     }
@@ -159,8 +158,7 @@ void ModelParam1Page::on_rbModelHighQuality_clicked()
 void ModelParam1Page::on_rbAlphaUser_clicked()
 {
     if (cfg() && cfg()->alpha < 0)
-        pushValue(context, &CfgModel::alpha, 1.0, QStringLiteral("alpha"), PageModelParam1,
-                  false);
+        pushValue(context, &CfgModel::alpha, 1.0, QStringLiteral("alpha"), PageModelParam1, false);
 }
 
 void ModelParam1Page::on_rbAlphaOptimal_clicked()

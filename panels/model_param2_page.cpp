@@ -185,8 +185,8 @@ void ModelParam2Page::on_cbQuantile_clicked(bool val)
         pushValue(context, &CfgModel::quantileRegression, 0.0, QStringLiteral("quantile check"),
                   PageModelParam2, false);
     else if (record->quantileRegression == 0)
-        pushValue(context, &CfgModel::quantileRegression, 0.05,
-                  QStringLiteral("quantile check"), PageModelParam2, false);
+        pushValue(context, &CfgModel::quantileRegression, 0.05, QStringLiteral("quantile check"),
+                  PageModelParam2, false);
 }
 
 void ModelParam2Page::on_sQuantile_sliderMoved(double val)

@@ -17,13 +17,12 @@ void pushValueAt(PageContext &context, T *target, T value, const QString &text, 
 {
     if (context.updatingPanel() || !context.cfg())
         return;
-    context.undoStack()->push(
-        new UpdateTemplateCommand<T>(target, value, text, panel, mergeable));
+    context.undoStack()->push(new UpdateTemplateCommand<T>(target, value, text, panel, mergeable));
 }
 
 template <typename T>
-void pushValue(PageContext &context, T CfgModel::*field, T value, const QString &text,
-               quint8 panel, bool mergeable = true)
+void pushValue(PageContext &context, T CfgModel::*field, T value, const QString &text, quint8 panel,
+               bool mergeable = true)
 {
     if (context.cfg())
         pushValueAt(context, &(context.cfg()->*field), value, text, panel, mergeable);
@@ -31,8 +30,8 @@ void pushValue(PageContext &context, T CfgModel::*field, T value, const QString 
 
 // The same, and nothing either when the target already holds the value.
 template <typename T>
-void pushChangedValueAt(PageContext &context, T *target, T value, const QString &text,
-                        quint8 panel, bool mergeable = true)
+void pushChangedValueAt(PageContext &context, T *target, T value, const QString &text, quint8 panel,
+                        bool mergeable = true)
 {
     if (*target != value)
         pushValueAt(context, target, value, text, panel, mergeable);

@@ -44,8 +44,8 @@ SliderEditPair::Commit percentCommit(PageContext &context, double CfgModel::*fie
     };
 }
 
-SliderEditPair::Commit countCommit(PageContext &context, int CfgModel::*field,
-                                   const QString &text, quint8 panel)
+SliderEditPair::Commit countCommit(PageContext &context, int CfgModel::*field, const QString &text,
+                                   quint8 panel)
 {
     return [&context, field, text, panel](double value) {
         pushChangedValue(context, field, int(value), text, panel);

@@ -51,5 +51,5 @@ private:
 // value the field does not hold already, as a mergeable command.
 SliderEditPair::Commit percentCommit(PageContext &context, double CfgModel::*field,
                                      const QString &text, quint8 panel);
-SliderEditPair::Commit countCommit(PageContext &context, int CfgModel::*field,
-                                   const QString &text, quint8 panel);
+SliderEditPair::Commit countCommit(PageContext &context, int CfgModel::*field, const QString &text,
+                                   quint8 panel);

@@ -27,8 +27,8 @@ void fitEndLabels(QwtSlider *slider)
     const auto halfLabel = [&](double value) {
         return metrics.horizontalAdvance(QLocale().toString(value)) / 2 + 1;
     };
-    slider->setContentsMargins(halfLabel(slider->lowerBound()), 0,
-                               halfLabel(slider->upperBound()), 0);
+    slider->setContentsMargins(halfLabel(slider->lowerBound()), 0, halfLabel(slider->upperBound()),
+                               0);
 }
 
 } // namespace

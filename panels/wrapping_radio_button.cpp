@@ -20,8 +20,8 @@ WrappingRadioButton::WrappingRadioButton(QWidget *parent) : QRadioButton(parent)
 
 int WrappingRadioButton::indicatorSpace() const
 {
-    return style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth, nullptr, this)
-           + style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing, nullptr, this);
+    return style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth, nullptr, this) +
+           style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing, nullptr, this);
 }
 
 QRect WrappingRadioButton::textRect(int width) const
@@ -66,8 +66,7 @@ void WrappingRadioButton::paintEvent(QPaintEvent *)
     indicator.rect.moveTop(1 + qMax(0, (line - indicator.rect.height()) / 2));
     painter.drawPrimitive(QStyle::PE_IndicatorRadioButton, indicator);
     const QRect textArea = rect().adjusted(indicatorSpace(), 1, 0, 0);
-    painter.drawItemText(textArea, textFlags, palette(), isEnabled(), text(),
-                         QPalette::WindowText);
+    painter.drawItemText(textArea, textFlags, palette(), isEnabled(), text(), QPalette::WindowText);
     if (hasFocus()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);

@@ -37,8 +37,7 @@ public:
     }
 
     QWidget *page() const { return w->pageTable().widget(pageNumber); }
-    template <typename T>
-    T *control(const char *name) const { return childOf<T>(page(), name); }
+    template <typename T> T *control(const char *name) const { return childOf<T>(page(), name); }
     CfgModel *cfg() const { return w->cfg(); }
     QUndoStack *stack() const { return w->undoStack(); }
     // Shows what the record holds after it was changed behind the page's back.
@@ -60,8 +59,10 @@ public:
     {
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(6, button->height() / 2));
     }
-    template <typename T = QAbstractButton>
-    void click(const char *name) const { click(control<T>(name)); }
+    template <typename T = QAbstractButton> void click(const char *name) const
+    {
+        click(control<T>(name));
+    }
 
     // Presses the handle at `from`, moves it to `to` with the button held and
     // lets go. Returns the values the slider reported while moving, so that

@@ -215,8 +215,8 @@ void tst_data_partitioning_page::purifyCheckAndPercent()
 void tst_data_partitioning_page::browseTakesOnlyModelFiles()
 {
     f.click("cbPurify");
-    f.support.fileAnswers = QStringList{"/m/a.SModelXML", "/m/a.modelxml", QString(),
-                                        "/m/b.ModelXML"};
+    f.support.fileAnswers =
+        QStringList{"/m/a.SModelXML", "/m/a.modelxml", QString(), "/m/b.ModelXML"};
     for (int i = 0; i < 3; ++i)
         QTest::mouseClick(f.control<QPushButton>("pbBrowse"), Qt::LeftButton);
     QVERIFY(f.cfg()->PartioningModel.isEmpty());

@@ -17,9 +17,9 @@ std::unique_ptr<CfgModel> record(double lambda, double alpha, int pruning, int m
 {
     const XmlNode descRoot =
         readXmlFile(QStringLiteral(QUVA_TEST_DATA "/core/golden.DescXML"), "DESCRIPTION");
-    auto model = std::make_unique<CfgModel>(
-        new DescModel(QStringLiteral("golden.DescXML"), descRoot), QString(),
-        parseXmlText("<QUV_Config/>", "QUV_Config", nullptr));
+    auto model =
+        std::make_unique<CfgModel>(new DescModel(QStringLiteral("golden.DescXML"), descRoot),
+                                   QString(), parseXmlText("<QUV_Config/>", "QUV_Config", nullptr));
     model->lambda = lambda;
     model->alpha = alpha;
     model->pruning = pruning;
@@ -53,8 +53,7 @@ void tst_model_modes::shown_data()
     QTest::addColumn<int>("maxVar");
     QTest::addColumn<ModelMode>("mode");
     QTest::newRow("performance") << -1.0 << -1.0 << 0 << -1 << ModelMode::Performance;
-    QTest::newRow("performance with a limit") << -1.0 << -1.0 << 0 << 12
-                                              << ModelMode::Performance;
+    QTest::newRow("performance with a limit") << -1.0 << -1.0 << 0 << 12 << ModelMode::Performance;
     QTest::newRow("standard") << -1.0 << 1.0 << 2 << 30 << ModelMode::Standard;
     QTest::newRow("standard with 25") << -1.0 << 1.0 << 2 << 25 << ModelMode::None;
     QTest::newRow("high quality") << -1.0 << 1.0 << 3 << 30 << ModelMode::HighQuality;

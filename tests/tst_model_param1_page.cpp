@@ -260,9 +260,8 @@ void tst_model_param1_page::pruningRadios()
     f.click("rbPruningNo");
     f.click("rbPruningImportanceNo");
     f.click("rbPruningImportanceNo");
-    QCOMPARE(stackTexts(f.stack()),
-             (QStringList{"pruning slow|1=>3", "pruning fast", "no pruning|2=>0",
-                          "no pruning importance|0=>1"}));
+    QCOMPARE(stackTexts(f.stack()), (QStringList{"pruning slow|1=>3", "pruning fast",
+                                                 "no pruning|2=>0", "no pruning importance|0=>1"}));
     QCOMPARE(f.stack()->command(1)->childCount(), 2);
     f.cfg()->pruning = 7;
     f.refresh();
@@ -346,8 +345,7 @@ void tst_model_param1_page::weightGroupDoesNotMerge()
     QCOMPARE(f.stack()->command(0)->child(1)->text(),
              QStringLiteral("AUC Weight full part 2|0.45=>0.6"));
     emit full->valueChanged(30.0);
-    QCOMPARE(stackTexts(f.stack()),
-             (QStringList{"AUC Weight full", "AUC Weight full|0.6=>0.3"}));
+    QCOMPARE(stackTexts(f.stack()), (QStringList{"AUC Weight full", "AUC Weight full|0.6=>0.3"}));
 }
 
 // A typed partner of 45.5 goes through a whole percent when pushed along.
