@@ -6,6 +6,7 @@
 #include "panels/expression_insertion.h"
 #include "panels/input_var_model.h"
 #include "panels/math_parser_help.h"
+#include "panels/push_value.h"
 #include "shell/gui_reporter.h"
 #include "shell/settings.h"
 
@@ -50,17 +51,14 @@ void ExpressionPage::refreshExpression()
 void ExpressionPage::commitExpression()
 {
     const QString text = widgets.table.editor->toPlainText();
-    if (!cfg() || text == cfg()->*fields.expression)
-        return;
-    pushValue(fields.expression, text, QString::fromLatin1(fields.expressionText), fields.panel,
-              false);
+    pushChangedValue(context, fields.expression, text, QString::fromLatin1(fields.expressionText),
+                     fields.panel, false);
 }
 
 void ExpressionPage::setAddN(bool on)
 {
-    if (!cfg() || on == cfg()->*fields.addN)
-        return;
-    pushValue(fields.addN, on, QString::fromLatin1(fields.addNText), fields.panel, false);
+    pushChangedValue(context, fields.addN, on, QString::fromLatin1(fields.addNText), fields.panel,
+                     false);
 }
 
 void ExpressionPage::checkRecordExpression()

@@ -2,6 +2,7 @@
 
 #include "core/cfg_model.h"
 #include "edit/undo_commands.h"
+#include "panels/number_field.h"
 #include "panels/page.h"
 
 #include <QLineEdit>
@@ -39,7 +40,7 @@ void ModalityMinSizeGroup::refresh(const CfgModel &record)
         c.percent->setChecked(true);
         c.rowsCount->setValue(0);
         c.targetCount->clear();
-        c.percentValue->setText(QString::number(v * 100, 'g', 6));
+        c.percentValue->setText(percentText(v));
     }
     c.rowsCount->setEnabled(v < 0);
 }

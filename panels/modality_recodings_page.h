@@ -2,6 +2,7 @@
 
 #include "panels/modality_min_size_group.h"
 #include "panels/page.h"
+#include "panels/push_value.h"
 
 namespace Ui {
 class ModalityRecodingsPage;
@@ -54,7 +55,8 @@ private:
     template <typename T>
     void pushRecoding(T CfgModel::*field, T value, const char *name, bool mergeable = true)
     {
-        pushValue(field, value, QString::fromLatin1(name), PageModalityRecodings, mergeable);
+        ::pushValue(context, field, value, QString::fromLatin1(name), PageModalityRecodings,
+                    mergeable);
     }
 
     Ui::ModalityRecodingsPage *ui;

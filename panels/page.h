@@ -1,10 +1,9 @@
 #pragma once
 
-#include "core/cfg_model.h"
-#include "edit/undo_commands.h"
-
 #include <QWidget>
 
+struct CfgModel;
+class QUndoCommand;
 class QUndoStack;
 
 // What a page may reach of the window: the open record, the undo stack that
@@ -83,16 +82,6 @@ protected:
     bool updatingPanel() const { return context.updatingPanel(); }
     // Pushes a command; its redo() performs the write.
     void push(QUndoCommand *command);
-    // Pushes the value of a control for one field of the record as it
-    // stands, unless a refresh set the control or no record is open.
-    template <typename T>
-    void pushValue(T CfgModel::*field, T value, const QString &text, quint8 panel,
-                   bool mergeable = true)
-    {
-        if (updatingPanel() || !cfg())
-            return;
-        push(new UpdateTemplateCommand<T>(&(cfg()->*field), value, text, panel, mergeable));
-    }
 
     PageContext &context;
 };

@@ -3,6 +3,7 @@
 #include "core/segmentation_model.h"
 #include "edit/table_views.h"
 #include "panels/active_segment_model_editor.h"
+#include "panels/push_value.h"
 #include "panels/target_definition_page.h"
 #include "ui_select_line_page.h"
 
@@ -93,7 +94,7 @@ void SelectLinePage::setType(char type)
 {
     if (!cfg() || cfg()->lineSelectionType == type)
         return;
-    pushValue(&CfgModel::lineSelectionType, type, QStringLiteral("lineSelectionType"),
+    pushValue(context, &CfgModel::lineSelectionType, type, QStringLiteral("lineSelectionType"),
               PageSelectLine, false);
 }
 
@@ -118,7 +119,7 @@ void SelectLinePage::on_rbBModel_clicked()
 // does nothing.
 void SelectLinePage::on_leLsFile_returnPressed()
 {
-    pushValue(&CfgModel::lineSelectionFile, ui->leLsFile->text(),
+    pushValue(context, &CfgModel::lineSelectionFile, ui->leLsFile->text(),
               QStringLiteral("lineSelectionFile"), PageSelectLine, false);
 }
 
@@ -187,7 +188,7 @@ void SelectLinePage::on_cbLsTruncate_toggled(bool b)
 {
     if (!cfg() || b == cfg()->lsTruncate)
         return;
-    pushValue(&CfgModel::lsTruncate, b, QStringLiteral("LS trunacte toggled"), PageSelectLine,
+    pushValue(context, &CfgModel::lsTruncate, b, QStringLiteral("LS trunacte toggled"), PageSelectLine,
               false);
 }
 

@@ -1,6 +1,7 @@
 #include "panels/target_definition_page.h"
 
 #include "edit/text_editors.h"
+#include "panels/push_value.h"
 #include "panels/select_line_page.h"
 #include "ui_target_definition_page.h"
 
@@ -110,7 +111,7 @@ void TargetDefinitionPage::setType(char type, const char *text)
 {
     if (!cfg() || cfg()->targetType == type)
         return;
-    pushValue(&CfgModel::targetType, type, QString::fromLatin1(text), PageTargetDefinition,
+    pushValue(context, &CfgModel::targetType, type, QString::fromLatin1(text), PageTargetDefinition,
               false);
 }
 
@@ -134,7 +135,7 @@ void TargetDefinitionPage::on_cbTargetCol_currentIndexChanged(const QString &tex
 {
     if (updatingPanel() || !cfg() || text == cfg()->targetColumn)
         return;
-    pushValue(&CfgModel::targetColumn, text, QStringLiteral("target column"),
+    pushValue(context, &CfgModel::targetColumn, text, QStringLiteral("target column"),
               PageTargetDefinition, true);
 }
 
@@ -142,7 +143,7 @@ void TargetDefinitionPage::on_cbTargetCol_currentIndexChanged(const QString &tex
 
 void TargetDefinitionPage::on_leTargetFile_returnPressed()
 {
-    pushValue(&CfgModel::targetFile, ui->leTargetFile->text(), QStringLiteral("target File"),
+    pushValue(context, &CfgModel::targetFile, ui->leTargetFile->text(), QStringLiteral("target File"),
               PageTargetDefinition, false);
 }
 

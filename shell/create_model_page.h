@@ -4,14 +4,17 @@
 
 class ExecutePanel;
 class ModelRun;
+class QRadioButton;
 
 namespace Ui {
 class CreateModelPage;
 }
 
-// Page "CREATE MODEL", which every user sees: the run of the engine on the
-// saved file, its progress, and the reports and charts of its newest output
-// folder. Runs and reports go through the log page's panel.
+// Page "CREATE MODEL", which every user sees: the purpose of the model as
+// a short form of the modes (performance, with Smart Activate if asked, or
+// insight), then the run of the engine on the saved file, its progress, and
+// the reports and charts of its newest output folder. Runs and reports go
+// through the log page's panel; the mode buttons push commands of page 8.
 class CreateModelPage : public Page
 {
     Q_OBJECT
@@ -21,7 +24,12 @@ public:
                     QWidget *parent = nullptr);
     ~CreateModelPage() override;
 
+    // Every record starts with Smart Activate asked for.
+    void setUpAfterLoad() override;
+
 private slots:
+    void on_rbModelPerform_2_clicked();
+    void on_rbModelStandard_2_clicked();
     void on_pbRunQuva_clicked();
     void on_pbWordReport_clicked();
     void on_pbExcelReport_clicked();
@@ -37,6 +45,9 @@ private:
     // The report buttons need a file name only, not an output folder: a
     // click before any run simply finds nothing.
     void refreshReportButtons();
+    // The two buttons of the modes show the mode the record's values make.
+    void refreshModes();
+    void keepChecked(QRadioButton *button);
 
     Ui::CreateModelPage *ui;
     ModelRun *run;

@@ -5,6 +5,7 @@
 
 #include "expression_page_support.h"
 
+#include "edit/undo_commands.h"
 #include "panels/active_segment_model_editor.h"
 #include "panels/nominal_var_panel.h"
 #include "panels/select_line_page.h"

@@ -1,0 +1,5 @@
+quva_add_test(tst_data_partitioning_page quva_shell)
+quva_add_test(tst_model_param1_page quva_shell)
+quva_add_test(tst_model_param2_page quva_shell)
+quva_add_test(tst_model_modes quva_panels)
+quva_add_test(tst_create_model_page quva_shell)
