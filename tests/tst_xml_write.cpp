@@ -29,6 +29,8 @@ private slots:
     void escapeNull();
     void serializeMeasures();
     void formatNeedsStrippedInput();
+    void indentationStopsAtTheLimit();
+    void deepTreeWritten();
 };
 
 void tst_xml_write::write_data()
@@ -371,6 +373,40 @@ void tst_xml_write::formatNeedsStrippedInput()
     xmlOptions.stripWhitespace = true;
     QCOMPARE(written, QByteArray("<a><b/></a>"));
     QCOMPARE(text(node, true), QByteArray("<a>\n\t<b/>\n</a>\n"));
+}
+
+// Deeper elements keep the indentation of the limit.
+void tst_xml_write::indentationStopsAtTheLimit()
+{
+    const int depth = xmlIndentLimit + 8;
+    const QByteArray input = QByteArray("<a>").repeated(depth) + "x";
+    const XmlNode node = parseXmlText(input.constData(), nullptr, nullptr);
+    const QList<QByteArray> lines = text(node, true).split('\n');
+    QCOMPARE(lines.size(), 2 * depth); // the last line break ends an empty line
+    for (int k = 0; k < depth; ++k) {
+        const QByteArray tabs(qMin(k, xmlIndentLimit), '\t');
+        const QByteArray expected = k + 1 < depth ? tabs + "<a>" : tabs + "<a>x</a>";
+        QCOMPARE(lines.at(k), expected);
+        if (k + 1 < depth)
+            QCOMPARE(lines.at(2 * depth - 2 - k), tabs + "</a>");
+    }
+}
+
+// A tree far deeper than the machine's stack allows for recursion is
+// written whole, and formatted in a text linear in its depth.
+void tst_xml_write::deepTreeWritten()
+{
+    const int depth = 200000;
+    const QByteArray input = QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+    const XmlNode node = parseXmlText(input.constData(), nullptr, nullptr);
+    QCOMPARE(text(node, false),
+             QByteArray("<a>").repeated(depth - 1) + "<a/>" + QByteArray("</a>").repeated(depth - 1));
+    // Every element with a child: an opening and a closing line; the last
+    // one a single line.
+    qint64 expected = qMin(depth - 1, xmlIndentLimit) + 5;
+    for (int k = 0; k + 1 < depth; ++k)
+        expected += 2 * qMin(k, xmlIndentLimit) + 9;
+    QCOMPARE(qint64(text(node, true).size()), expected);
 }
 
 QTEST_GUILESS_MAIN(tst_xml_write)
