@@ -4,6 +4,7 @@
 #include "core/batch_options.h"
 #include "core/cfg_load.h"
 #include "core/cfg_model.h"
+#include "core/file_replace.h"
 #include "core/reporter.h"
 
 #include <cstdio>
@@ -104,8 +105,15 @@ int runBatch(const QStringList &args)
         }
     }
     // No window: the record's working space stays as it was read. Whether
-    // the write succeeded does not change the exit code.
-    saveCfgFile(*cfg, nullptr);
+    // the write succeeded does not change the exit code; a failure is told
+    // on standard error only, where no box can hold up the caller.
+    FileWriteFailure failure;
+    if (!saveCfgFile(*cfg, nullptr, &failure)) {
+        const QByteArray line = oneLineMessage(QStringLiteral("Saving .CfgXML file"),
+                                               describeFileWriteFailure(failure))
+                                    .toUtf8();
+        std::fprintf(stderr, "%s\n", line.constData());
+    }
     // The process ends with this path; the record is not taken apart piece
     // by piece, since nothing reads it again and the system takes the memory
     // back at once. It stays reachable so that leak checkers see no loss.

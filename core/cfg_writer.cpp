@@ -4,12 +4,12 @@
 
 #include "core/cfg_attributes.h"
 #include "core/cfg_model.h"
+#include "core/file_replace.h"
 
 #include "text/text_convert.h"
 #include "xml/xml_node.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <charconv>
 
@@ -264,6 +264,11 @@ QByteArray cfgFileBytes(const CfgModel &model)
 
 bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace)
 {
+    return saveCfgFile(model, windowPlace, nullptr);
+}
+
+bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace, FileWriteFailure *failure)
+{
     QByteArray out;
     out.reserve(expectedSize(model));
     appendPrologue(out);
@@ -279,16 +284,7 @@ bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace)
 
     // Our own write must not come back as a change on disk.
     watchFiles(model, QString(), QString());
-    // Unbuffered, so that a short write (a full disk) shows in the count:
-    // the temporary file is then dropped and the old file stays as it was.
-    QSaveFile file(model.cfgFileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (file.write(out) != out.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    if (!file.commit())
+    if (!replaceFileContents(model.cfgFileName, out, failure))
         return false;
     const QString descPath = descFilePath(model);
     watchFiles(model, model.cfgFileName, descPath);
