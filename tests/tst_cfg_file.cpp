@@ -139,6 +139,7 @@ private slots:
     void lambdaLosesDigits();
     void saveTwiceSameBytes();
     void unknownTargetLabel();
+    void textsThatNeedEscapingReadBack();
     void staleNamesSurviveLoadAndSave_data();
     void staleNamesSurviveLoadAndSave();
     void lineSelectionOtherLetter();
@@ -486,6 +487,38 @@ void tst_cfg_file::unknownTargetLabel()
     QVERIFY(cfgFileBytes(*model).contains("<Target type='C'>Nobody &amp; co</Target>\n"));
     model->targetColumn = "   ";
     QVERIFY(cfgFileBytes(*model).contains("<Target type='C'></Target>\n"));
+}
+
+// Texts and letters that the engine's files hold plainly are escaped all
+// the same where they hold a quote, '<' or '&', or a byte that is no
+// character alone: written as they stand they made a file that no reader
+// takes (found by fuzzing the load).
+void tst_cfg_file::textsThatNeedEscapingReadBack()
+{
+    const QString path = tmp.filePath("escape.CfgXML");
+    QFile::copy(dataDir + "/golden.DescXML", tmp.filePath("golden.DescXML"));
+    const auto model = goldenModel("<QUV_Config/>", path);
+    model->version = "3'2 <beta> & co";
+    model->Weight = "R&D";
+    model->Treatment = "a<b";
+    model->PartioningModel = "x > 1 & y";
+    model->targetType = '\xC8'; // a lone byte of a character that a file began
+    model->monoto[0] = '\'';
+    QVERIFY(saveCfgFile(*model, nullptr));
+    const QByteArray bytes = fileBytes(path);
+    QVERIFY(bytes.contains("version='3&apos;2 &lt;beta&gt; &amp; co'"));
+    QVERIFY(bytes.contains(" <Weight>R&amp;D</Weight>\n"));
+    QVERIFY(bytes.contains("<Target type='&#200;'>"));
+    QVERIFY(bytes.contains(" monoto='&apos;'"));
+    const CfgLoad again = loadCfgFile(path, true, nullptr, QString());
+    QVERIFY(again.model);
+    QCOMPARE(again.model->version, model->version);
+    QCOMPARE(again.model->Weight, model->Weight);
+    QCOMPARE(again.model->Treatment, model->Treatment);
+    QCOMPARE(again.model->PartioningModel, model->PartioningModel);
+    QCOMPARE(again.model->targetType, model->targetType);
+    QCOMPARE(again.model->monoto[0], model->monoto[0]);
+    QCOMPARE(cfgFileBytes(*again.model), bytes);
 }
 
 // Weight and Treatment hold labels in memory and names on disk. A name the

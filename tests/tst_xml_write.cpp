@@ -25,6 +25,8 @@ private slots:
     void roundTripRandom();
     void escape_data();
     void escape();
+    void escapeName_data();
+    void escapeName();
     void escapeReusesBuffer();
     void escapeNull();
     void serializeMeasures();
@@ -314,6 +316,34 @@ void tst_xml_write::escape_data()
     QTest::newRow("cut three-byte") << QByteArray("\xE2\x82") << QByteArray("_\x82");
     QTest::newRow("lone continuation") << QByteArray("\x80x") << QByteArray("\x80x");
     QTest::newRow("empty") << QByteArray("") << QByteArray("");
+    // A lead byte, as "&#231;" leaves it in a tree, before bytes that
+    // continue no character: each is written on its own.
+    QTest::newRow("false character") << QByteArray("\xE7</") << QByteArray("&#231;&lt;/");
+    QTest::newRow("false character, last")
+        << QByteArray("a\xC3'b") << QByteArray("a&#195;&apos;b");
+}
+
+// Names have no entities: a false character in a name goes whole.
+void tst_xml_write::escapeName_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QByteArray>("written");
+
+    QTest::newRow("plain") << QByteArray("a-b.c") << QByteArray("a-b.c");
+    QTest::newRow("whole characters") << QByteArray("\xC3\xA9t\xC3\xA9") << QByteArray("\xC3\xA9t\xC3\xA9");
+    QTest::newRow("false character") << QByteArray("a\xE7</b") << QByteArray("a_b");
+    QTest::newRow("cut at the end") << QByteArray("ab\xE2\x82") << QByteArray("ab_");
+    QTest::newRow("lone quote first") << QByteArray("\"v") << QByteArray("_v");
+    QTest::newRow("quote later") << QByteArray("v\"") << QByteArray("v\"");
+}
+
+void tst_xml_write::escapeName()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QByteArray, written);
+    QByteArray out(encodeName(name.constData(), nullptr), 0);
+    encodeName(name.constData(), out.data());
+    QCOMPARE(out, written);
 }
 
 void tst_xml_write::escape()
