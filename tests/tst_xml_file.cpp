@@ -44,8 +44,6 @@ private slots:
     void readDatasourceAgainAsUtf8();
     void readDatasourceKeptWithoutFlag();
     void readMissingFile();
-    void readRefusesWhatIsNoFile_data();
-    void readRefusesWhatIsNoFile();
     void readSays_data();
     void readSays();
     void readStopsAtTheLimit();
@@ -205,6 +203,11 @@ struct Oddities
         ok = ok && writeBytes("other.xml", "<other/>") && QDir().mkdir(path("folder"));
     }
     QString path(const char *name) const { return dir.filePath(QLatin1String(name)); }
+    // An absolute path as it stands, a name inside the folder.
+    QString resolve(const QString &name) const
+    {
+        return name.startsWith('/') ? name : dir.filePath(name);
+    }
     bool writeBytes(const char *name, const QByteArray &bytes) const
     {
         QFile f(path(name));
@@ -224,78 +227,72 @@ struct Oddities
 
 } // namespace
 
-void tst_xml_file::readRefusesWhatIsNoFile_data()
+void tst_xml_file::readSays_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("problem");
+    QTest::addColumn<QString>("sentence");
 
-    QTest::newRow("folder") << "folder" << int(XmlFileProblem::folder);
-    QTest::newRow("FIFO without writer") << "fifo" << int(XmlFileProblem::notRegular);
-    QTest::newRow("character device") << "/dev/zero" << int(XmlFileProblem::notRegular);
-    QTest::newRow("200 MB") << "huge.xml" << int(XmlFileProblem::tooLarge);
-    QTest::newRow("missing") << "absent.xml" << int(XmlFileProblem::notFound);
-    QTest::newRow("below a file") << "empty.xml/x" << int(XmlFileProblem::notFound);
+    const auto row = [](const char *tag, const char *name, XmlFileProblem problem,
+                        const char *sentence) {
+        QTest::newRow(tag) << QString::fromLatin1(name) << int(problem)
+                           << QString::fromLatin1(sentence);
+    };
+    row("folder", "folder", XmlFileProblem::folder, "File '%1' is a folder, not a file.");
+    row("FIFO without writer", "fifo", XmlFileProblem::notRegular,
+        "File '%1' is a FIFO (named pipe), not a regular file.");
+    row("character device", "/dev/zero", XmlFileProblem::notRegular,
+        "File '%1' is a character device, not a regular file.");
+    row("200 MB", "huge.xml", XmlFileProblem::tooLarge,
+        "File '%1' is larger than 128 MiB, the most that is read of a file.");
+    row("missing", "absent.xml", XmlFileProblem::notFound, "File '%1' does not exist.");
+    row("below a file", "empty.xml/x", XmlFileProblem::notFound, "File '%1' does not exist.");
     // Read at offset 0, where nothing is mapped: refused even to root.
-    QTest::newRow("unreadable") << "/proc/self/mem" << int(XmlFileProblem::unreadable);
+    row("unreadable", "/proc/self/mem", XmlFileProblem::unreadable,
+        "File '%1' cannot be read: Input/output error.");
+    // Read, but no tree of that root.
+    row("empty", "empty.xml", XmlFileProblem::empty, "File '%1' is empty.");
+    row("random bytes", "random.xml", XmlFileProblem::rootMissing,
+        "File '%1' has no element QUV_Config.");
+    row("syntax error", QUVA_TEST_DATA "/xml/broken.xml", XmlFileProblem::notXml,
+        "File '%1' is not XML that can be read: error at line 2, column 8.");
+    row("other root", "other.xml", XmlFileProblem::rootMissing,
+        "File '%1' has no element QUV_Config.");
 }
 
 // Each gives its reason at once: nothing hangs on the FIFO, nothing reads
 // the device or the huge file to its end.
-void tst_xml_file::readRefusesWhatIsNoFile()
-{
-    QFETCH(QString, name);
-    QFETCH(int, problem);
-    const Oddities odd;
-    QVERIFY(odd.ok);
-    const QString path = name.startsWith('/') ? name : odd.path(name.toUtf8().constData());
-    QElapsedTimer clock;
-    clock.start();
-    QByteArray bytes("left over");
-    XmlFileFailure failure;
-    QVERIFY(!readWholeFile(path, &bytes, &failure));
-    XmlFileFailure again;
-    QVERIFY(readXmlFile(path, nullptr, nullptr, &again).isEmpty());
-    XmlResult result;
-    QVERIFY(parseXmlFile(QFile::encodeName(path).constData(), nullptr, &result).isEmpty());
-    QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
-    QVERIFY(bytes.isEmpty());
-    QCOMPARE(int(failure.problem), problem);
-    QCOMPARE(int(again.problem), problem);
-    QCOMPARE(failure.path, path);
-    QCOMPARE(result.status, int(XmlResult::fileNotFound));
-}
-
-void tst_xml_file::readSays_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("sentence");
-
-    QTest::newRow("folder") << "folder" << "File '%1' is a folder, not a file.";
-    QTest::newRow("FIFO") << "fifo" << "File '%1' is a FIFO (named pipe), not a regular file.";
-    QTest::newRow("device") << "/dev/zero" << "File '%1' is a character device, not a regular file.";
-    QTest::newRow("huge") << "huge.xml"
-                          << "File '%1' is larger than 128 MiB, the most that is read of a file.";
-    QTest::newRow("missing") << "absent.xml" << "File '%1' does not exist.";
-    QTest::newRow("unreadable") << "/proc/self/mem" << "File '%1' cannot be read: Input/output error.";
-    QTest::newRow("empty") << "empty.xml" << "File '%1' is empty.";
-    // Random bytes hold no element of that name, whatever else they hold.
-    QTest::newRow("random bytes") << "random.xml" << "File '%1' has no element QUV_Config.";
-    QTest::newRow("syntax error") << dataPath("broken.xml")
-                                  << "File '%1' is not XML that can be read: error at line 2, column 8.";
-    QTest::newRow("other root") << "other.xml" << "File '%1' has no element QUV_Config.";
-}
-
 void tst_xml_file::readSays()
 {
     QFETCH(QString, name);
+    QFETCH(int, problem);
     QFETCH(QString, sentence);
     const Oddities odd;
     QVERIFY(odd.ok);
-    const QString path = name.startsWith('/') ? name : odd.path(name.toUtf8().constData());
+    const QString path = odd.resolve(name);
+    QElapsedTimer clock;
+    clock.start();
+    QByteArray bytes("left over");
+    XmlFileFailure read;
+    const bool readable = readWholeFile(path, &bytes, &read);
     XmlFileFailure failure;
     failure.problem = XmlFileProblem::folder; // must be replaced
     QVERIFY(readXmlFile(path, "QUV_Config", nullptr, &failure).isEmpty());
+    XmlResult result;
+    const XmlNode raw = parseXmlFile(QFile::encodeName(path).constData(), nullptr, &result);
+    QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+    QCOMPARE(int(failure.problem), problem);
     QCOMPARE(describeXmlFileFailure(failure), sentence.arg(path));
+    QCOMPARE(failure.path, path);
+    // The last three are files that were read whole.
+    QCOMPARE(readable, problem == int(XmlFileProblem::empty) || problem == int(XmlFileProblem::notXml)
+                           || problem == int(XmlFileProblem::rootMissing));
+    if (!readable) {
+        QVERIFY(bytes.isEmpty());
+        QCOMPARE(int(read.problem), problem);
+        QCOMPARE(result.status, int(XmlResult::fileNotFound));
+        QVERIFY(raw.isEmpty());
+    }
 
     XmlFileFailure none;
     QVERIFY(!readXmlFile(dataPath("small.xml"), "ROOT", nullptr, &none).isEmpty());

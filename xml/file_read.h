@@ -22,7 +22,7 @@ enum class XmlFileProblem {
     folder,      // the path names a folder
     notRegular,  // a FIFO, a device or a socket
     unreadable,  // the system refused to open or read it: errorNumber
-    tooLarge,    // more than xmlFileSizeLimit bytes: size
+    tooLarge,    // more than xmlFileSizeLimit bytes
     empty,       // zero bytes
     notXml,      // the parser kept no tree: parse
     rootMissing, // a tree without the element looked for: root
@@ -35,7 +35,6 @@ struct XmlFileFailure
     QString path;
     int errorNumber = 0;
     unsigned fileType = 0; // notRegular: the S_IFMT bits of the file's mode
-    qint64 size = 0;
     XmlResult parse;
     QByteArray root;
 };
