@@ -234,6 +234,7 @@ void tst_batch_faults::filesThatAreNoConfiguration_data()
         {"empty", "is empty."},
         {"random", nullptr},
         {"huge", "is larger than 128 MiB, the most that is read of a file."},
+        {"unreadable", "cannot be read: Input/output error."},
     };
     // Random bytes hold no element of the name looked for.
     for (const auto &kind : kinds) {
@@ -247,7 +248,8 @@ void tst_batch_faults::filesThatAreNoConfiguration_data()
 }
 
 // A configuration or description that is a folder, a FIFO that nobody
-// writes, a device, nothing, random bytes or 200 MB: a clear message within
+// writes, a device, nothing, random bytes, 200 MB or a file that cannot be
+// read: a clear message within
 // two seconds, exit code 99, and nothing written.
 void tst_batch_faults::filesThatAreNoConfiguration()
 {
@@ -268,6 +270,9 @@ void tst_batch_faults::filesThatAreNoConfiguration()
             return ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0;
         if (kind == "device")
             return QFile::link("/dev/zero", path);
+        // Read at offset 0, where nothing is mapped: refused even to root.
+        if (kind == "unreadable")
+            return QFile::link("/proc/self/mem", path);
         if (kind == "huge") {
             QFile f(path);
             return f.open(QIODevice::WriteOnly) && f.resize(qint64(200) << 20);
