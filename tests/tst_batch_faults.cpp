@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <sys/mount.h>
@@ -124,6 +126,7 @@ private slots:
     void fullFileSystem();
     void filesThatAreNoConfiguration_data();
     void filesThatAreNoConfiguration();
+    void folderSyncedAfterRename();
 };
 
 // 200 saves of a large configuration, each killed with SIGKILL at a random
@@ -298,6 +301,45 @@ void tst_batch_faults::filesThatAreNoConfiguration()
     QVERIFY2(o.err.contains("Loading .CfgXML file: error loading .CfgXML file\n"), o.err.constData());
     QCOMPARE(filesIn(dir.path()), before);
     QCOMPARE(QFileInfo(dir.filePath("odd.CfgXML")).lastModified(), written);
+}
+
+// The order of the system calls of a save, as strace sees them: the data
+// reach the disk before the new name does, and the folder holding the name
+// is synced after the rename, so that a crash of the machine cannot bring
+// back the old file once the program said it saved.
+void tst_batch_faults::folderSyncedAfterRename()
+{
+    const QString strace = QStandardPaths::findExecutable(QStringLiteral("strace"));
+    QVERIFY2(!strace.isEmpty(), "strace is needed (scripts/setup installs it)");
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString folder = QFileInfo(dir.path()).canonicalFilePath();
+    const QString cfg = folder + "/batch.CfgXML";
+    QVERIFY(QFile::copy(fixtures + "/batch.CfgXML", cfg));
+    QVERIFY(QFile::copy(fixtures + "/batch.DescXML", folder + "/batch.DescXML"));
+    const QString trace = dir.filePath("trace.txt");
+    const Outcome o = runBatch({"-f", "-y", "-e", "trace=fsync,fdatasync,rename,renameat,renameat2",
+                                "-o", trace, editor, cfg, "-seed=6"},
+                               folder, -1, strace);
+    QCOMPARE(o.exitCode, 0);
+    const QStringList calls = QString::fromUtf8(contentsOf(trace)).split('\n');
+    const auto firstAt = [&](const QRegularExpression &pattern, int from) {
+        for (int i = from; i < calls.size(); ++i)
+            if (pattern.match(calls.at(i)).hasMatch())
+                return i;
+        return -1;
+    };
+    const QString name = QRegularExpression::escape(cfg);
+    const int renamed =
+        firstAt(QRegularExpression("rename[at2]*\\(.*\\.batch\\.CfgXML\\.save-.*\"" + name
+                                   + "\".*= 0$"),
+                0);
+    QVERIFY2(renamed > 0, qPrintable(calls.join('\n')));
+    const int dataSynced = firstAt(QRegularExpression("f(data)?sync\\(\\d+<.*\\) += 0$"), 0);
+    QVERIFY2(dataSynced >= 0 && dataSynced < renamed, qPrintable(calls.join('\n')));
+    const QString folderFd = "fsync\\(\\d+<" + QRegularExpression::escape(folder) + ">\\) += 0$";
+    QVERIFY2(firstAt(QRegularExpression(folderFd), renamed + 1) > renamed,
+             qPrintable(calls.join('\n')));
 }
 
 QTEST_GUILESS_MAIN(tst_batch_faults)
