@@ -16,7 +16,7 @@ const char usageText[] =
     "Usage:\n"
     "  quva-cfg-editor [FILE]                    open FILE, or nothing, in the editor\n"
     "  quva-cfg-editor FILE OPTION [OPTION...]   patch FILE and exit (batch)\n"
-    "  quva-cfg-editor --help | --version\n"
+    "  quva-cfg-editor --help | -h | --version\n"
     "\n"
     "FILE is a .CfgXML; \".CfgXML\" is appended when the name does not end in it.\n"
     "The batch path applies the options in order, a later one overriding an\n"
@@ -58,8 +58,30 @@ const char usageText[] =
     "its name for -cm -mv; -pe -T -cm -mv match in any case. Numbers that are no\n"
     "numbers count as 0; integer fields take the number truncated.\n"
     "\n"
-    "Exit status: 0 done (also when the file could not be written),\n"
-    "99 the file could not be loaded or an option was refused.\n";
+    "A refused option is told as \"Syntax error (N) in command-line option '...'\":\n"
+    "  (none) not \"-\" followed by at least one more character\n"
+    "  2   -A -F -I (any case): shorter than 4 characters, or no \"=\" third\n"
+    "  3   -W -w: shorter than 4 characters, or no \"=\" third\n"
+    "  4   -T -t: shorter than 4 characters, or \"=\" neither third nor fourth\n"
+    "  5   -TE: fewer than three parts between \";\"\n"
+    "  6   -L -l: shorter than 4 characters, or no \"=\" fourth\n"
+    "  7   -LE: fewer than three parts between \";\"\n"
+    "  8   -p: shorter than 5 characters, or no \"=\" fourth; -pe without \";\"\n"
+    "  9   -p: third character none of 1 2 r a l e\n"
+    "  10  -cp: does not start with \"-cpu=\"\n"
+    "  11  -cm: shorter than 5 characters, no \"=\" fourth, or no \";\"\n"
+    "  12  -s: does not start with \"-seed=\"\n"
+    "  13  -m: shorter than 5 characters, no \"=\" fourth; -mv without \";\"\n"
+    "  14  -m: third character none of n o i m d t v\n"
+    "  15  any other second character\n"
+    "-TX=... (another letter before \"=\"), -LX=... and -cx=... pass unnoticed.\n"
+    "\n"
+    "Exit status:\n"
+    "  0   batch done (also when the file could not be written; standard error\n"
+    "      then names the file and the reason)\n"
+    "  1   the window module cannot be loaded\n"
+    "  2   the window was asked for where there is no display\n"
+    "  99  batch: the file could not be loaded, or an option was refused\n";
 
 // The record of a finished batch run, left to the end of the process. The
 // pointer is volatile: the store to it is never read back, and the compiler
@@ -78,7 +100,7 @@ bool handleInfoOption(const QStringList &args)
 {
     if (args.size() != 2)
         return false;
-    if (args.at(1) == QLatin1String("--help")) {
+    if (args.at(1) == QLatin1String("--help") || args.at(1) == QLatin1String("-h")) {
         printOut(QByteArray(usageText));
         return true;
     }

@@ -21,7 +21,7 @@ void lowerEachUnit(QString &text)
 
 } // namespace
 
-BatchWildcard::BatchWildcard(const QString &pattern, Qt::CaseSensitivity cs)
+WildcardPattern::WildcardPattern(const QString &pattern, Qt::CaseSensitivity cs)
     : m_pattern(pattern), m_cs(cs), m_plainGlob(isPlainGlob(pattern))
 {
     if (!m_plainGlob)
@@ -30,14 +30,14 @@ BatchWildcard::BatchWildcard(const QString &pattern, Qt::CaseSensitivity cs)
         lowerEachUnit(m_pattern);
 }
 
-bool BatchWildcard::exactMatch(const QString &name) const
+bool WildcardPattern::exactMatch(const QString &name) const
 {
     return m_plainGlob ? globMatch(name) : m_regExp.exactMatch(name);
 }
 
 // "*" takes any run of characters, "?" one character (one UTF-16 unit, as
 // QRegExp counts them). On a mismatch the last "*" takes one character more.
-bool BatchWildcard::globMatch(const QString &name) const
+bool WildcardPattern::globMatch(const QString &name) const
 {
     const QChar *p = m_pattern.constData();
     const QChar *s = name.constData();

@@ -4,7 +4,8 @@
 #include <QString>
 #include <QVector>
 
-// Wildcard selection of columns and variables for the batch options.
+// Wildcard selection of columns and variables, for the batch options and the
+// filters of the variable table.
 // Names are walked from the last to the first, so that of several variables
 // matching a single-choice option the one standing last in the description
 // wins; the pattern has to match the whole name.
@@ -14,10 +15,10 @@
 // and "?" are matched here directly (a batch call may try one pattern on
 // tens of thousands of column names); patterns with a set "[...]" or a
 // backslash go to QRegExp itself.
-class BatchWildcard
+class WildcardPattern
 {
 public:
-    BatchWildcard(const QString &pattern, Qt::CaseSensitivity cs);
+    WildcardPattern(const QString &pattern, Qt::CaseSensitivity cs);
     bool exactMatch(const QString &name) const;
 
 private:
@@ -32,7 +33,7 @@ private:
 // Positions in [0, count) whose name matches, from the last to the first.
 // With firstHitOnly the walk stops at its first hit.
 template <typename NameAt>
-QVector<int> matchFromLast(int count, NameAt nameAt, const BatchWildcard &wildcard,
+QVector<int> matchFromLast(int count, NameAt nameAt, const WildcardPattern &wildcard,
                            bool firstHitOnly)
 {
     QVector<int> hits;

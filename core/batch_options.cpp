@@ -26,7 +26,7 @@ QVector<int> matchingColumns(const CfgModel &cfg, const BatchOption &o)
         appendColumnFullName(name, desc.columns.at(i));
         return name;
     };
-    return matchFromLast(desc.columns.size(), nameAt, BatchWildcard(o.pattern, o.patternCase),
+    return matchFromLast(desc.columns.size(), nameAt, WildcardPattern(o.pattern, o.patternCase),
                          false);
 }
 
@@ -38,7 +38,7 @@ QVector<int> matchingVars(const CfgModel &cfg, const BatchOption &o, bool byName
     return matchFromLast(
         desc.vars.size(),
         [&desc, byName](int i) { return byName ? desc.vars.at(i)->name : desc.vars.at(i)->label; },
-        BatchWildcard(o.pattern, o.patternCase), firstHitOnly);
+        WildcardPattern(o.pattern, o.patternCase), firstHitOnly);
 }
 
 // Stores the label of the last variable whose label matches; false, with
@@ -128,7 +128,7 @@ void apply(CfgModel &cfg, const BatchOption &o)
     case BatchAction::SetCpuCount: cfg.cpuCount = truncateOptionNumber(o.number); break;
     case BatchAction::SetVarCm:
         // Anything but 0 switches it on, NaN included.
-        setOnFirstColumns(cfg, o, cfg.cm, char(o.number != 0.0 ? 1 : 0));
+        setOnFirstColumns(cfg, o, cfg.cm, o.number != 0.0);
         break;
     case BatchAction::SetRandomSeed: cfg.randomSeed = truncateOptionNumber(o.number); break;
     case BatchAction::SetMinSizeNominal: cfg.minSizeModalityForNominalVar = o.text; break;

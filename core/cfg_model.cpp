@@ -47,3 +47,13 @@ QString descFilePath(const CfgModel &model)
 {
     return resolveDescPath(model.desc->fileName, model.cfgFileName);
 }
+
+void renameCfgFile(CfgModel &model, const QString &path)
+{
+    const QString desc = model.desc->fileName;
+    if (!desc.isEmpty() && QFileInfo(desc).isRelative() && !model.cfgFileName.isEmpty()) {
+        const QString target = QFileInfo(descFilePath(model)).absoluteFilePath();
+        model.desc->fileName = QFileInfo(path).absoluteDir().relativeFilePath(target);
+    }
+    model.cfgFileName = path;
+}

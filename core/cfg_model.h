@@ -35,8 +35,8 @@ struct CfgModel
     // minSizeModality: the doubles, then fi, illus, monoto, cm.
     double *minSizeModality = nullptr; // -1: the general value applies
     double *penality = nullptr;        // 1
-    char *illus = nullptr;             // 0 or 1: the column is illustrative
-    char *cm = nullptr;                // 0 or 1: center missings
+    bool *illus = nullptr;             // the column is illustrative (one byte)
+    bool *cm = nullptr;                // center missings (one byte)
     // 'I' ignored, 'F' kept in the second state the file can carry; anything
     // else (0, 1, blank) is active. Starts as the column's derived byte.
     char *fi = nullptr;
@@ -122,6 +122,11 @@ void watchFiles(CfgModel &model, const QString &first, const QString &second);
 QString resolveDescPath(const QString &descPath, const QString &cfgPath);
 // The description file of the record, resolved as above.
 QString descFilePath(const CfgModel &model);
+
+// Gives the record the file name `path`, as a save under another name does.
+// A relative description path is written anew from the new folder, so that
+// the saved file still names the same description; an absolute one stays.
+void renameCfgFile(CfgModel &model, const QString &path);
 
 // The whole .CfgXML text of the record, byte for byte as it is saved.
 QByteArray cfgFileBytes(const CfgModel &model);

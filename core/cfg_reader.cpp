@@ -75,6 +75,9 @@ void readTarget(CfgModel &model, const XmlNode &target)
     }
 }
 
+// The four byte arrays share the block; the two flags are bools of one byte.
+static_assert(sizeof(bool) == 1, "illus and cm take one byte per column");
+
 void allocateColumns(CfgModel &model)
 {
     const int n = model.desc->columnCount();
@@ -82,16 +85,16 @@ void allocateColumns(CfgModel &model)
     model.minSizeModality = reinterpret_cast<double *>(block);
     model.penality = model.minSizeModality + n;
     model.fi = reinterpret_cast<char *>(model.penality + n);
-    model.illus = model.fi + n;
-    model.monoto = model.illus + n;
-    model.cm = model.monoto + n;
+    model.illus = reinterpret_cast<bool *>(model.fi + n);
+    model.monoto = model.fi + 2 * n;
+    model.cm = reinterpret_cast<bool *>(model.fi + 3 * n);
     for (int i = 0; i < n; ++i) {
         model.minSizeModality[i] = -1.0;
         model.penality[i] = 1.0;
         model.fi[i] = model.desc->columnAt(i)->derived;
-        model.illus[i] = 0;
+        model.illus[i] = false;
         model.monoto[i] = 'N';
-        model.cm[i] = 0;
+        model.cm[i] = false;
     }
 }
 
@@ -142,7 +145,7 @@ void readOlderList(CfgModel &model, const XmlNode &list, Apply apply)
 void readOlderLayout(CfgModel &model, const XmlNode &root)
 {
     readOlderList(model, root.childNode("IllustrativeVar"),
-                  [&model](int i, const XmlNode &) { model.illus[i] = 1; });
+                  [&model](int i, const XmlNode &) { model.illus[i] = true; });
     readOlderList(model, root.childNode("VarToIgnore"), [&model](int i, const XmlNode &var) {
         model.fi[i] = chk_char(var.attribute("value"), 'I');
     });

@@ -44,7 +44,7 @@ bool isNumber(const QVariant &value)
 
 EnhancedTableDelegate::EnhancedTableDelegate(QList<int> checkBoxColumns,
                                              QList<int> doubleColumns, QList<int> intColumns,
-                                             ComboSpecification combos,
+                                             ComboColumns combos,
                                              QList<int> colorColumns, QList<int> dateColumns,
                                              QList<int> barColumns, QObject *parent)
     : QItemDelegate(parent),
@@ -54,8 +54,8 @@ EnhancedTableDelegate::EnhancedTableDelegate(QList<int> checkBoxColumns,
       colorColumns(std::move(colorColumns)),
       dateColumns(std::move(dateColumns)),
       barColumns(std::move(barColumns)),
-      comboColumns(std::move(combos.first)),
-      comboItems(std::move(combos.second))
+      comboColumns(std::move(combos.columns)),
+      comboItems(std::move(combos.items))
 {
     while (comboItems.size() < comboColumns.size())
         comboItems.append(new QStringList);

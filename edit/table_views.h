@@ -44,9 +44,13 @@ protected:
     void keyPressEvent(QKeyEvent *e) override;
 };
 
-// Columns with a combo box editor, and one item list per column. The
-// delegate takes ownership of the lists.
-using ComboSpecification = QPair<QList<int>, QList<QStringList *>>;
+// The columns edited with a combo box, and the items of each, by position.
+// The delegate takes ownership of the lists.
+struct ComboColumns
+{
+    QList<int> columns;
+    QList<QStringList *> items;
+};
 
 // One delegate for all tables: draws and edits each cell by the list its
 // column is in (check box, number, combo box, colour, date, bar), so that a
@@ -57,7 +61,7 @@ class EnhancedTableDelegate : public QItemDelegate
 
 public:
     EnhancedTableDelegate(QList<int> checkBoxColumns, QList<int> doubleColumns = {},
-                          QList<int> intColumns = {}, ComboSpecification combos = {},
+                          QList<int> intColumns = {}, ComboColumns combos = {},
                           QList<int> colorColumns = {}, QList<int> dateColumns = {},
                           QList<int> barColumns = {}, QObject *parent = nullptr);
     ~EnhancedTableDelegate() override;

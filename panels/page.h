@@ -20,6 +20,9 @@ public:
     // True when the description names no target of its own, so that the
     // target may be chosen on the target page.
     virtual bool targetEditable() const = 0;
+    // Writes the record to its file under its name, with the window's place;
+    // on success the stack is clean. False when it could not be written.
+    virtual bool writeRecord() = 0;
 
     // Set while the window is built or a page is refreshed: the slots that a
     // programmatic change fires return at once while it is set, so that a
@@ -66,6 +69,9 @@ public:
     void refresh();
     // The set-up that a newly loaded record needs before its first refresh.
     virtual void setUpAfterLoad() {}
+    // The record shown so far is about to be destroyed: nothing of the page
+    // may point into it any more.
+    virtual void releaseRecord() {}
 
 protected:
     // The page's own part of refresh(); the record may be null.

@@ -1,6 +1,7 @@
 #include "panels/quva_page.h"
 
 #include "core/cfg_model.h"
+#include "shell/application_directory.h"
 #include "shell/settings.h"
 #include "ui_quva_page.h"
 
@@ -21,7 +22,7 @@ QuvaPage::QuvaPage(PageContext &context, QWidget *parent)
     palette.setColor(QPalette::Window, QColor(QStringLiteral("#F0F0F0")));
     setPalette(palette);
     setAutoFillBackground(true);
-    ui->lAppPath->setText(QStringLiteral("Quva: ") + QCoreApplication::applicationDirPath());
+    ui->lAppPath->setText(QStringLiteral("Quva: ") + applicationDirectory());
 }
 
 QuvaPage::~QuvaPage()

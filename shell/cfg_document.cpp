@@ -60,6 +60,8 @@ bool CfgDocument::open(const QString &path, bool notifyBroker, bool description)
         return false;
     // Commands point into the old record: empty the stack before it goes.
     stack.clear();
+    if (model)
+        emit aboutToReplace();
     model = std::move(load.model);
     if (!description)
         addRecentFile(recentCfgXmlKey(), QFileInfo(path).canonicalFilePath());
@@ -87,12 +89,14 @@ bool CfgDocument::saveConfig(bool askName, const WorkingSpace &windowPlace)
         return false;
     const QString oldName = model->cfgFileName;
     if (askName || oldName.isEmpty()) {
-        const QString name = askSaveFileName(window, QStringLiteral("Save .CfgXML File as.."),
-                                             lastDir(),
-                                             QStringLiteral("Quva Cfg XML file (*.CfgXML)"));
+        QString name = askSaveFileName(window, QStringLiteral("Save .CfgXML File as.."),
+                                       lastDir(), QStringLiteral("Quva Cfg XML file (*.CfgXML)"));
         if (name.isEmpty())
             return false;
-        model->cfgFileName = name;
+        // A configuration opens again only under its own ending.
+        if (!name.endsWith(QLatin1String(".CfgXML")))
+            name += QLatin1String(".CfgXML");
+        renameCfgFile(*model, name);
         setLastDir(name);
     }
     // A failed write has told nothing and still counts as saved.
@@ -100,6 +104,15 @@ bool CfgDocument::saveConfig(bool askName, const WorkingSpace &windowPlace)
     windowBroker()->switchFile(window, brokerProductWord(), oldName, model->cfgFileName);
     stack.setClean();
     addRecentFile(recentCfgXmlKey(), QFileInfo(model->cfgFileName).canonicalFilePath());
+    emit saved();
+    return true;
+}
+
+bool CfgDocument::write(const WorkingSpace &windowPlace)
+{
+    if (!model || !saveCfgFile(*model, &windowPlace))
+        return false;
+    stack.setClean();
     emit saved();
     return true;
 }

@@ -45,6 +45,11 @@ public:
     // marks the stack clean.
     bool saveConfig(bool askName, const WorkingSpace &windowPlace);
 
+    // Writes the record under its name and makes the stack clean, telling
+    // nobody else: no broker, no recent list. False when there is no record
+    // or the file could not be written; the stack then stays as it was.
+    bool write(const WorkingSpace &windowPlace);
+
     // The window is leaving: both files go back to the server.
     void release();
 
@@ -56,6 +61,8 @@ public:
     void checkOnActivation();
 
 signals:
+    // The record is about to be replaced and destroyed; the stack is empty.
+    void aboutToReplace();
     // A new record is current, with an empty, clean stack. previousFile is
     // the configuration that was open before, or empty.
     void loaded(const QString &previousFile);

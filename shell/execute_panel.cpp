@@ -1,4 +1,5 @@
 #include "shell/execute_panel.h"
+#include "shell/application_directory.h"
 #include "shell/gui_reporter.h"
 
 #include "shell/settings.h"
@@ -247,6 +248,6 @@ void playSound(int sound)
 {
     if (soundTheme() == 0)
         return;
-    const QString player = QCoreApplication::applicationDirPath() + QStringLiteral("/QuvaPlaySound");
+    const QString player = applicationDirectory() + QStringLiteral("/QuvaPlaySound");
     QProcess::startDetached(player, QStringList{QString::number(sound)});
 }

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QPushButton>
 
 namespace {
 
@@ -14,6 +15,12 @@ QuestionHook &questionHook()
 FileDialogHook &fileDialogHook()
 {
     static FileDialogHook hook;
+    return hook;
+}
+
+ModalDialogHook &modalDialogHook()
+{
+    static ModalDialogHook hook;
     return hook;
 }
 
@@ -42,10 +49,38 @@ void setFileDialogHook(FileDialogHook hook)
     fileDialogHook() = std::move(hook);
 }
 
+void setModalDialogHook(ModalDialogHook hook)
+{
+    modalDialogHook() = std::move(hook);
+}
+
+int runModal(QDialog *dialog)
+{
+    if (modalDialogHook())
+        return modalDialogHook()(dialog);
+    return dialog->exec();
+}
+
+namespace {
+
+QMessageBox::StandardButton askWithOwnButtons(QWidget *parent, const UserQuestion &question)
+{
+    QMessageBox box(question.icon, question.title, question.text, QMessageBox::NoButton, parent);
+    QPushButton *accept = box.addButton(question.acceptText, QMessageBox::AcceptRole);
+    box.addButton(question.rejectText, QMessageBox::RejectRole);
+    box.setDefaultButton(accept);
+    box.exec();
+    return box.clickedButton() == accept ? QMessageBox::Ok : QMessageBox::Cancel;
+}
+
+} // namespace
+
 QMessageBox::StandardButton askUser(QWidget *parent, const UserQuestion &question)
 {
     if (questionHook())
         return questionHook()(question);
+    if (!question.acceptText.isEmpty())
+        return askWithOwnButtons(parent, question);
     QMessageBox box(question.icon, question.title, question.text, question.buttons, parent);
     box.setDefaultButton(question.defaultButton);
     return static_cast<QMessageBox::StandardButton>(box.exec());
@@ -65,6 +100,14 @@ QString askSaveFileName(QWidget *parent, const QString &caption, const QString &
     if (fileDialogHook())
         return fileDialogHook()(FileQuestion{true, caption, directory, filter});
     return QFileDialog::getSaveFileName(parent, caption, directory, filter);
+}
+
+QString askExistingDirectory(QWidget *parent, const QString &caption, const QString &directory)
+{
+    if (fileDialogHook())
+        return fileDialogHook()(FileQuestion{false, caption, directory, QString(), true});
+    return QFileDialog::getExistingDirectory(parent, caption, directory,
+                                             QFileDialog::ShowDirsOnly);
 }
 
 void GuiReporter::message(MessageIcon icon, const QString &title, const QString &text)

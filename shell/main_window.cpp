@@ -10,9 +10,13 @@
 #include "panels/select_line_page.h"
 #include "panels/select_variables_page.h"
 #include "panels/target_definition_page.h"
+#include "shell/allow_foreground.h"
+#include "shell/application_directory.h"
 #include "shell/cfg_document.h"
 #include "shell/create_model_page.h"
 #include "shell/execute_panel.h"
+#include "shell/panel_apply.h"
+#include "shell/raise_listener.h"
 #include "shell/settings.h"
 #include "shell/window_broker.h"
 #include "shell/window_place.h"
@@ -45,12 +49,18 @@ QuvaCfgXMLEditor::QuvaCfgXMLEditor(QWidget *parent)
     setUpPages();
     setUpUndo();
     setUpDocument();
+    // The server of the product family may ask this window to come forward.
+    startAllowToSetForegroundWindow(this, brokerProductWord());
+    new RaiseListener(this);
 
     qApp->installEventFilter(this);
     openCommandLineFile();
     if (!cfg())
         refreshAfterLoad();
     resize(800, 40);
+    constructing = false;
+    if (placeAfterConstruction)
+        takePlace(*placeAfterConstruction);
     setUpdatingPanel(false);
 }
 
@@ -86,6 +96,7 @@ void QuvaCfgXMLEditor::setUpPages()
 {
     pages = PageTable(ui->twMain);
     PageContext &context = *this;
+    execute = new ExecutePanel(this, true);
     quvaPage = new QuvaPage(context);
     connect(quvaPage, &QuvaPage::openConfigRequested, this,
             &QuvaCfgXMLEditor::on_actionOpenConfigFile_triggered);
@@ -97,13 +108,10 @@ void QuvaCfgXMLEditor::setUpPages()
     pages.add(PageSelectLine, new SelectLinePage(context));
     pages.add(PageTargetDefinition, new TargetDefinitionPage(context));
     pages.add(PageModalityRecodings, new ModalityRecodingsPage(context));
-    pages.add(PageCreateModel, new CreateModelPage(context));
-    // The page that applies a finished model; its controls come with the
-    // apply panel.
-    apply = new QWidget(this);
+    pages.add(PageCreateModel, new CreateModelPage(context, execute));
+    apply = new PanelApply(this, nullptr, execute);
     apply->setObjectName(QStringLiteral("applyPanel"));
     pages.add(PageApply, apply, QStringLiteral("Apply model"));
-    execute = new ExecutePanel(this, true);
     pages.add(PageExecute, execute, QStringLiteral("Execution Log"));
 
     ui->twMain->setCurrentIndex(0);
@@ -147,11 +155,14 @@ void QuvaCfgXMLEditor::setUpUndo()
 
 void QuvaCfgXMLEditor::setUpDocument()
 {
+    connect(doc, &CfgDocument::aboutToReplace, this, [this] {
+        pages.releaseRecord();
+        apply->setCfg(nullptr);
+    });
     connect(doc, &CfgDocument::loaded, this, &QuvaCfgXMLEditor::refreshAfterLoad);
     connect(doc, &CfgDocument::saved, this, &QuvaCfgXMLEditor::updateWindowTitle);
     connect(doc, &CfgDocument::changedOnDisk, this, &QuvaCfgXMLEditor::on_fileChanged);
-    connect(doc, &CfgDocument::placeRead, this,
-            [this](const WorkingSpace &place) { restoreWorkingSpace(this, place); });
+    connect(doc, &CfgDocument::placeRead, this, &QuvaCfgXMLEditor::takePlace);
     connect(doc, &CfgDocument::endProcessRequested, this, &QuvaCfgXMLEditor::endProcess);
 }
 
@@ -216,7 +227,16 @@ void QuvaCfgXMLEditor::refreshAfterLoad()
     targetIsEditable = cfg() && cfg()->desc->target.isEmpty();
     pages.setOptionalTabsEnabled(cfg() != nullptr);
     pages.setUpAfterLoad();
+    apply->setCfg(cfg());
     updateWindowTitle();
+}
+
+void QuvaCfgXMLEditor::takePlace(const WorkingSpace &place)
+{
+    if (constructing)
+        placeAfterConstruction = place;
+    else
+        restoreWorkingSpace(this, place);
 }
 
 // Another window has taken over the file: this one leaves at once, with no
@@ -225,6 +245,11 @@ void QuvaCfgXMLEditor::endProcess()
 {
     close();
     QCoreApplication::exit(0);
+}
+
+bool QuvaCfgXMLEditor::writeRecord()
+{
+    return doc->write(workingSpaceOfWindow(this));
 }
 
 bool QuvaCfgXMLEditor::saveConfig(bool askName)
@@ -398,7 +423,7 @@ void QuvaCfgXMLEditor::on_actionOpenWindowModel_triggered()
 // at the chapter on building a model. Without the guide nothing happens.
 void QuvaCfgXMLEditor::on_actionHelp_triggered()
 {
-    const QString guide = QCoreApplication::applicationDirPath()
+    const QString guide = applicationDirectory()
                           + QStringLiteral("/QuvaQuickGuide.pdf");
     if (!QFileInfo::exists(guide))
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/working_space.h"
 #include "panels/page.h"
 #include "shell/gui_reporter.h"
 #include "shell/page_table.h"
@@ -8,10 +9,12 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 struct CfgModel;
-struct WorkingSpace;
 class CfgDocument;
 class ExecutePanel;
+class PanelApply;
 class QAction;
 class QMenu;
 class QUndoStack;
@@ -45,10 +48,11 @@ public:
     CfgModel *cfg() const override;
     QUndoStack *undoStack() const override;
     bool targetEditable() const override { return targetIsEditable; }
+    bool writeRecord() override;
     bool updatingPanel() const { return PageContext::updatingPanel(); }
     const PageTable &pageTable() const { return pages; }
     ExecutePanel *executePanel() const { return execute; }
-    QWidget *applyPanel() const { return apply; }
+    PanelApply *applyPanel() const { return apply; }
     QUndoView *undoView() const { return stackView; }
     QMenu *recentFilesMenu() const { return recentMenu; }
     const QVector<QAction *> &recentFileActions() const { return recentActions; }
@@ -116,6 +120,7 @@ private:
     // Attaches the current record (or none) to the pages.
     void refreshAfterLoad();
     void endProcess();
+    void takePlace(const WorkingSpace &place);
 
     Ui::QuvaCfgXMLEditor *ui;
     GuiReporter guiReporter;
@@ -123,12 +128,16 @@ private:
     PageTable pages;
     QuvaPage *quvaPage = nullptr;
     ExecutePanel *execute = nullptr;
-    QWidget *apply = nullptr;
+    PanelApply *apply = nullptr;
     QUndoView *stackView = nullptr;
     QMenu *recentMenu = nullptr;
     QVector<QAction *> recentActions;
     QAction *stackUndo = nullptr;
     QAction *stackRedo = nullptr;
+    // The place read while the window is built waits for the window's own
+    // first size, so that the file's place wins on every road.
+    std::optional<WorkingSpace> placeAfterConstruction;
+    bool constructing = true;
     bool inEventFilter = false;
     bool targetIsEditable = false;
 };

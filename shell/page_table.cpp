@@ -36,7 +36,7 @@ int PageTable::currentNumber() const
     return -1;
 }
 
-void PageTable::show(int number)
+void PageTable::show(int number) const
 {
     tabs->setCurrentWidget(widget(number));
 }
@@ -55,6 +55,14 @@ void PageTable::setUpAfterLoad()
     for (Page *page : qAsConst(pages)) {
         if (page)
             page->setUpAfterLoad();
+    }
+}
+
+void PageTable::releaseRecord()
+{
+    for (Page *page : qAsConst(pages)) {
+        if (page)
+            page->releaseRecord();
     }
 }
 

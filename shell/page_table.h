@@ -28,13 +28,15 @@ public:
     // Number of the page in view. The scan runs from the apply page down to
     // the first, so the log page, like no page at all, gives -1.
     int currentNumber() const;
-    void show(int number);
+    void show(int number) const;
 
     // Refreshes page `number`; false when it has no refresh (the apply and
     // log pages, or a number of no page).
     bool refresh(int number);
     // The set-up of every page after a load, in the order of the row.
     void setUpAfterLoad();
+    // Every page lets go of the record that is about to go.
+    void releaseRecord();
     // Enables or disables every tab but the first.
     void setOptionalTabsEnabled(bool enabled);
 

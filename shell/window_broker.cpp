@@ -2,21 +2,27 @@
 
 namespace {
 
-// Until the client of the server is installed, every call behaves as when no
-// server can be found.
-class NoServer final : public WindowBroker
+class ServerBroker final : public WindowBroker
 {
 public:
-    bool open(QWidget *, const QString &, const QString &) override { return false; }
-    int checkAlreadyOpen(QWidget *, const QString &, const QString &, const QString &) override
+    bool open(QWidget *parent, const QString &product, const QString &file) override
     {
-        return 0;
+        return brokerOpen(parent, product, file);
     }
-    void switchFile(QWidget *, const QString &, const QString &, const QString &) override {}
+    int checkAlreadyOpen(QWidget *parent, const QString &product, const QString &file,
+                         const QString &title) override
+    {
+        return brokerCheckAlreadyOpen(parent, product, file, title);
+    }
+    void switchFile(QWidget *parent, const QString &product, const QString &oldFile,
+                    const QString &newFile) override
+    {
+        brokerSwitchFile(parent, product, oldFile, newFile);
+    }
 };
 
-NoServer noServer;
-WindowBroker *current = &noServer;
+ServerBroker serverBroker;
+WindowBroker *current = &serverBroker;
 
 } // namespace
 
@@ -27,5 +33,5 @@ WindowBroker *windowBroker()
 
 void setWindowBroker(WindowBroker *broker)
 {
-    current = broker ? broker : &noServer;
+    current = broker ? broker : &serverBroker;
 }

@@ -8,6 +8,10 @@ class QWidget;
 // product family: which process holds which file, and opening windows.
 // Without a server every call is a silent no-op and a file counts as held
 // by nobody else.
+//
+// The window and its document call the broker through this interface only;
+// its default instance is the client of the server (the functions below),
+// and tests put a recording one in its place.
 class WindowBroker
 {
 public:
@@ -28,6 +32,24 @@ public:
 // The word that names this editor's product family to the server.
 inline QString brokerProductWord() { return QStringLiteral("Quva"); }
 
-// The instance in force; never null. Passing null restores the default.
+// The instance in force; never null. Passing null restores the default,
+// which talks to the server.
 WindowBroker *windowBroker();
 void setWindowBroker(WindowBroker *broker);
+
+// The client's operations. Each makes its own conversation with the server,
+// found or started by brokerEnsureServer(), and ends it before it returns.
+
+// Asks the server to open `file`, or a new window for an extension alone
+// such as ".CfgXML". False, with nothing said, when there is no server.
+bool brokerOpen(QWidget *parent, const QString &product, const QString &file);
+// Asks whether another window holds `file` and, when one does, asks the
+// user whether that window should take over: 0 (nobody has it, or no
+// server), 1 (kept there) or 2 (the other window was asked to come forward;
+// this one is to do nothing more).
+int brokerCheckAlreadyOpen(QWidget *parent, const QString &product, const QString &file,
+                           const QString &title);
+// Tells the server that this process left `oldFile` and took `newFile`;
+// either may be empty. Equal names send nothing but still connect.
+void brokerSwitchFile(QWidget *parent, const QString &product, const QString &oldFile,
+                      const QString &newFile);

@@ -8,3 +8,8 @@ add_dependencies(tst_batch_cli quva-cfg-editor)
 # that are no configuration.
 quva_add_test(tst_batch_faults)
 add_dependencies(tst_batch_faults quva-cfg-editor)
+# Its editors lie beside QuvaServer; moved to a folder without one, their
+# windows do not start a server.
+set_property(TEST tst_batch_cli APPEND PROPERTY ENVIRONMENT "QUVA_APP_DIR=${quva_no_broker}")
+# The decision of a start between information, the batch paths and the window.
+quva_add_test(tst_start_up quva_app)

@@ -12,3 +12,6 @@ target_compile_definitions(tst_execute_panel PRIVATE
 quva_add_test(tst_text_editors quva_edit)
 quva_add_test(tst_var_list_window quva_shell)
 quva_add_test(tst_table_views quva_edit)
+quva_add_test(tst_cfg_document quva_shell)
+quva_add_test(tst_window_place quva_shell)
+quva_add_test(tst_page_table quva_shell)

@@ -1,2 +1,4 @@
 quva_add_test(tst_undo_commands quva_edit)
 quva_add_test(tst_main_window quva_shell)
+quva_add_test(tst_select_variables_page quva_shell)
+quva_add_test(tst_modality_recodings_page quva_shell)

@@ -236,10 +236,14 @@ private slots:
     void notLoaded_data();
     void notLoaded();
     void unwritableFolder();
+    void debugLinesOnlyOnRequest_data();
+    void debugLinesOnlyOnRequest();
     void infoOptions_data();
     void infoOptions();
     void interactivePath_data();
     void interactivePath();
+    void windowWithoutDisplay_data();
+    void windowWithoutDisplay();
     void windowOnDisplay_data();
     void windowOnDisplay();
     void windowModuleBeside();
@@ -516,6 +520,37 @@ void tst_batch_cli::unwritableFolder()
 
 // ---------------------------------------------------------------- --help, --version
 
+// Structural trouble in a description goes to the debug output, which a
+// user's terminal sees only when Qt's logging rules ask for it.
+void tst_batch_cli::debugLinesOnlyOnRequest_data()
+{
+    QTest::addColumn<QString>("rules"); // empty: QT_LOGGING_RULES not set
+    QTest::addColumn<bool>("shown");
+    QTest::newRow("default") << QString() << false;
+    QTest::newRow("asked for") << QStringLiteral("default.debug=true") << true;
+}
+
+void tst_batch_cli::debugLinesOnlyOnRequest()
+{
+    QFETCH(QString, rules);
+    QFETCH(bool, shown);
+    Workspace ws;
+    QVERIFY(ws.ok);
+    QFile desc(ws.path(QLatin1String(descName)));
+    QVERIFY(desc.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    desc.write("<DESCRIPTION><QUV_Config/><COLS/></DESCRIPTION>");
+    desc.close();
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.remove(QStringLiteral("QT_LOGGING_RULES"));
+    if (!rules.isEmpty())
+        env.insert(QStringLiteral("QT_LOGGING_RULES"), rules);
+    const Run run = runEditor({QLatin1String(cfgName), "-seed=1"}, ws.folder(), env);
+    QVERIFY(run.finished);
+    QCOMPARE(run.exitCode, 99);
+    QCOMPARE(run.err.contains("No VALUE tag in subtag"), shown);
+    QVERIFY(run.err.contains("Loading .CfgXML file: error loading .CfgXML file"));
+}
+
 void tst_batch_cli::infoOptions_data()
 {
     QTest::addColumn<QString>("option");
@@ -535,6 +570,8 @@ void tst_batch_cli::infoOptions_data()
     // A terminal with no display at all, and no platform chosen.
     QTest::newRow("--help, no display") << "--help" << true << usage;
     QTest::newRow("--version, no display") << "--version" << true << version;
+    QTest::newRow("-h, no display") << "-h" << true << usage;
+    QTest::newRow("-h") << "-h" << false << usage;
 }
 
 void tst_batch_cli::infoOptions()
@@ -589,6 +626,39 @@ void tst_batch_cli::interactivePath()
     QVERIFY2(!ended, process.readAllStandardError().constData());
     QCOMPARE(readAll(ws.cfgPath()), fixture(QLatin1String(cfgName)));
     QCOMPARE(modificationTime(ws.cfgPath()), ws.oldTime);
+}
+
+// The window where there is no display: one line that says so, and the
+// documented exit code, instead of the toolkit's abort.
+void tst_batch_cli::windowWithoutDisplay_data()
+{
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<QString>("platform"); // empty: not set
+    QTest::newRow("no argument") << QStringList() << QString();
+    QTest::newRow("file alone") << QStringList{QLatin1String(cfgName)} << QString();
+    QTest::newRow("file alone, xcb asked for") << QStringList{QLatin1String(cfgName)}
+                                               << QStringLiteral("xcb");
+}
+
+void tst_batch_cli::windowWithoutDisplay()
+{
+    QFETCH(QStringList, args);
+    QFETCH(QString, platform);
+    Workspace ws;
+    QVERIFY(ws.ok);
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        env.remove(QLatin1String(name));
+    if (!platform.isEmpty())
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
+    const Run run = runEditor(args, ws.folder(), env, editorPath(), false);
+    QVERIFY(run.finished);
+    QCOMPARE(run.exitCode, 2);
+    const QList<QByteArray> errLines = lines(run.err);
+    QCOMPARE(errLines.size(), 1);
+    QVERIFY(errLines.first().startsWith("quva-cfg-editor: the window needs a display"));
+    QVERIFY(errLines.first().contains("the batch path"));
+    QCOMPARE(readAll(ws.cfgPath()), fixture(QLatin1String(cfgName)));
 }
 
 // The same choice seen on a real X display: the interactive path maps the

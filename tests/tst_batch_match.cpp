@@ -50,7 +50,7 @@ void tst_batch_match::wildcardWalk()
     QFETCH(bool, caseSensitive);
     QFETCH(bool, firstHitOnly);
     QFETCH(QVector<int>, hits);
-    const BatchWildcard wildcard(pattern,
+    const WildcardPattern wildcard(pattern,
                                  caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive);
     const QVector<int> got = matchFromLast(
         names.size(), [&names](int i) { return names.at(i); }, wildcard, firstHitOnly);
@@ -105,7 +105,7 @@ void tst_batch_match::wildcardMatch()
     QFETCH(bool, caseSensitive);
     QFETCH(bool, matches);
     const Qt::CaseSensitivity cs = caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    QCOMPARE(BatchWildcard(pattern, cs).exactMatch(name), matches);
+    QCOMPARE(WildcardPattern(pattern, cs).exactMatch(name), matches);
     QCOMPARE(QRegExp(pattern, cs, QRegExp::Wildcard).exactMatch(name), matches);
 }
 
@@ -121,7 +121,7 @@ void tst_batch_match::wildcardEveryCharacter()
         const QString pattern(c);
         const QChar forms[] = {c, c.toUpper(), c.toLower(), c.toTitleCase(), c.toCaseFolded()};
         for (Qt::CaseSensitivity cs : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
-            const BatchWildcard quick(pattern, cs);
+            const WildcardPattern quick(pattern, cs);
             const QRegExp reference(pattern, cs, QRegExp::Wildcard);
             for (const QChar form : forms) {
                 const QString name(form);
@@ -151,7 +151,7 @@ void tst_batch_match::wildcardRandom()
         const QString name = randomText(nameChars);
         const Qt::CaseSensitivity cs = i % 2 ? Qt::CaseSensitive : Qt::CaseInsensitive;
         const bool expected = QRegExp(pattern, cs, QRegExp::Wildcard).exactMatch(name);
-        QVERIFY2(BatchWildcard(pattern, cs).exactMatch(name) == expected,
+        QVERIFY2(WildcardPattern(pattern, cs).exactMatch(name) == expected,
                  qPrintable(pattern + " on " + name));
         matches += expected;
     }

@@ -620,9 +620,9 @@ void tst_batch_options::firstColumnOfVars()
     for (const QString &option : options)
         QCOMPARE(applyBatchOption(*cfg, option).outcome, BatchOutcome::Applied);
     const int n = cfg->columnCount();
-    QVector<char> cm(n, 0);
+    QVector<bool> cm(n, false);
     for (int p : cmSet)
-        cm[p] = 1;
+        cm[p] = true;
     QCOMPARE(columnValues(cfg->cm, n), cm);
     QVector<double> minSize(n, -1.0);
     for (int p : minSizeSet)

@@ -59,6 +59,8 @@ private slots:
     void hasTarget_data();
     void hasTarget();
     void watchFiles();
+    void renameKeepsDescription_data();
+    void renameKeepsDescription();
 };
 
 void tst_cfg_model::defaults()
@@ -147,9 +149,9 @@ void tst_cfg_model::columnBlock()
     const char *start = reinterpret_cast<const char *>(model->minSizeModality);
     QCOMPARE(reinterpret_cast<const char *>(model->penality), start + 8 * n);
     QCOMPARE(model->fi, start + 16 * n);
-    QCOMPARE(model->illus, start + 17 * n);
+    QCOMPARE(reinterpret_cast<const char *>(model->illus), start + 17 * n);
     QCOMPARE(model->monoto, start + 18 * n);
-    QCOMPARE(model->cm, start + 19 * n);
+    QCOMPARE(reinterpret_cast<const char *>(model->cm), start + 19 * n);
 }
 
 void tst_cfg_model::rootAttributes_data()
@@ -549,6 +551,42 @@ void tst_cfg_model::watchFiles()
     ::watchFiles(*model, b, a);
     ::watchFiles(*model, QString(), QString());
     QVERIFY(model->watcher.files().isEmpty());
+}
+
+void tst_cfg_model::renameKeepsDescription_data()
+{
+    QTest::addColumn<QString>("descPath"); // as the file gives it
+    QTest::addColumn<QString>("oldPath");
+    QTest::addColumn<QString>("newPath");
+    QTest::addColumn<QString>("written"); // the description path afterwards
+
+    QTest::newRow("same folder") << "golden.DescXML"
+                                 << "/data/a/x.CfgXML" << "/data/a/y.CfgXML" << "golden.DescXML";
+    QTest::newRow("into a sub-folder") << "golden.DescXML" << "/data/a/x.CfgXML"
+                                       << "/data/a/runs/y.CfgXML" << "../golden.DescXML";
+    QTest::newRow("to another tree") << "d/golden.DescXML" << "/data/a/x.CfgXML"
+                                     << "/work/b/y.CfgXML" << "../../data/a/d/golden.DescXML";
+    QTest::newRow("absolute stays") << "/descs/golden.DescXML" << "/data/a/x.CfgXML"
+                                    << "/work/b/y.CfgXML" << "/descs/golden.DescXML";
+    QTest::newRow("a new configuration") << "/descs/golden.DescXML" << ""
+                                         << "/work/b/y.CfgXML" << "/descs/golden.DescXML";
+}
+
+void tst_cfg_model::renameKeepsDescription()
+{
+    QFETCH(QString, descPath);
+    QFETCH(QString, oldPath);
+    QFETCH(QString, newPath);
+    QFETCH(QString, written);
+    const auto model = modelOf("<QUV_Config/>");
+    model->desc->fileName = descPath;
+    model->cfgFileName = oldPath;
+    const QString before = QDir::cleanPath(descFilePath(*model));
+    renameCfgFile(*model, newPath);
+    QCOMPARE(model->cfgFileName, newPath);
+    QCOMPARE(model->desc->fileName, written);
+    if (!oldPath.isEmpty())
+        QCOMPARE(QDir::cleanPath(descFilePath(*model)), before);
 }
 
 QTEST_GUILESS_MAIN(tst_cfg_model)

@@ -1,10 +1,12 @@
 #include "core/cfg_model.h"
 #include "edit/undo_commands.h"
 #include "shell/execute_panel.h"
+#include "shell/panel_apply.h"
 #include "shell/gui_reporter.h"
 #include "shell/main_window.h"
 #include "shell/window_broker.h"
 #include "shell/settings.h"
+#include "url_sink.h"
 
 #include <QAction>
 #include <QApplication>
@@ -54,17 +56,6 @@ public:
     QStringList asked;
     QStringList switches;
     int answer = 0;
-};
-
-// Receives the URLs that the window hands to the desktop.
-class UrlSink : public QObject
-{
-    Q_OBJECT
-public slots:
-    void openUrl(const QUrl &url) { urls << url; }
-
-public:
-    QList<QUrl> urls;
 };
 
 const char descriptionText[] =
@@ -161,6 +152,8 @@ private slots:
     void helpOpensGuide();
     void brokerMenus();
     void commandLineFileOpensQuietly();
+    void commandLineDescriptionUnderMinusD();
+    void fileTakesItsPlaceOnEveryRoad();
     void reporterShowsBoxes();
 
 private:
@@ -1069,6 +1062,56 @@ void tst_main_window::commandLineFileOpensQuietly()
     QVERIFY(questions.isEmpty());
     QVERIFY(w->undoStack()->isClean());
     QVERIFY(!w->updatingPanel());
+}
+
+// A program started under the name "-d" opens its argument as a
+// description; the launcher of the description's MIME type starts it so.
+void tst_main_window::commandLineDescriptionUnderMinusD()
+{
+    const QByteArray path = descPath.toLocal8Bit();
+    char *program = appArgv[0];
+    char minusD[] = "-d";
+    appArgv[0] = minusD;
+    appArgv[1] = const_cast<char *>(path.constData());
+    appArgc = 2;
+    QCOMPARE(QCoreApplication::arguments(), (QStringList{"-d", descPath}));
+    auto w = makeWindow();
+    appArgc = 1;
+    appArgv[0] = program;
+    appArgv[1] = nullptr;
+    QVERIFY(w->cfg());
+    QVERIFY(w->cfg()->cfgFileName.isEmpty()); // the description's own configuration
+    QCOMPARE(w->cfg()->desc->fileName, descPath);
+    QVERIFY(broker.switches.isEmpty());
+    QVERIFY(questions.isEmpty());
+}
+
+// The place stored in the file wins over the window's own first size,
+// whether the file comes from the command line or from the dialog.
+void tst_main_window::fileTakesItsPlaceOnEveryRoad()
+{
+    QByteArray text = configText(descPath, 5);
+    text.replace("</QUV_Config>", " <WorkingSpace x='10' y='20' w='700' h='500'/>\n</QUV_Config>");
+    const QString file = files->filePath("placed.CfgXML");
+    QVERIFY(writeFile(file, text));
+
+    const QByteArray path = file.toLocal8Bit();
+    appArgv[1] = const_cast<char *>(path.constData());
+    appArgc = 2;
+    QCOMPARE(QCoreApplication::arguments().size(), 2);
+    auto fromCommandLine = makeWindow();
+    appArgc = 1;
+    appArgv[1] = nullptr;
+    QVERIFY(fromCommandLine->cfg());
+    QCOMPARE(fromCommandLine->size(), QSize(700, 500));
+    QCOMPARE(fromCommandLine->pos(), QPoint(10, 20));
+
+    auto byDialog = makeWindow();
+    fileAnswers << file;
+    byDialog->findChild<QAction *>("actionOpenConfigFile")->trigger();
+    QVERIFY(byDialog->cfg());
+    QCOMPARE(byDialog->size(), QSize(700, 500));
+    QCOMPARE(byDialog->pos(), QPoint(10, 20));
 }
 
 int main(int argc, char **argv)

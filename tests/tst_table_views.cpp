@@ -51,7 +51,7 @@ QPoint cellCenter(const QTableView &view, int row, int col)
 EnhancedTableDelegate *makeDelegate(QObject *parent = nullptr)
 {
     auto *items = new QStringList{"none", "increasing", "decreasing", "N/A"};
-    return new EnhancedTableDelegate({0}, {1}, {2}, ComboSpecification({3, 8}, {items, new QStringList}),
+    return new EnhancedTableDelegate({0}, {1}, {2}, ComboColumns{{3, 8}, {items, new QStringList}},
                                      {4}, {5}, {6}, parent);
 }
 

@@ -7,7 +7,8 @@
 //
 // Standard output gets three lines: "engine: <label>", "check: <text>" and
 // "value: <type> <value>". A failure writes the engine's message to standard
-// error and exits with 1; a bad command line exits with 2.
+// error and exits with 1; a bad command line exits with 2; --help prints the
+// usage and exits with 0.
 
 #include "expr/null_value.h"
 #include "expr/parser_facade.h"
@@ -15,7 +16,6 @@
 #include <QCoreApplication>
 #include <QStringList>
 #include <QTextStream>
-#include <QVariant>
 
 #include <cstdio>
 
@@ -45,10 +45,42 @@ QTextStream &err()
 const char usage[] =
     "usage: quva-expr [-n NAME=NUMBER]... [-s NAME=TEXT]... [--addn] [--seed N]\n"
     "                 [--date-format FORMAT] [--et-origin \"yyyyMMdd hh:mm:ss\"]\n"
-    "                 [--et-unit 0..4] [--utc] EXPRESSION\n";
+    "                 [--et-unit 0..4] [--utc] EXPRESSION\n"
+    "       quva-expr --help | --version\n";
 
-// NAME=VALUE into a variable; the number text "nan" binds NULL, and other
-// text that is no number binds 0, as the variable table does.
+const char help[] =
+    "\n"
+    "Checks EXPRESSION as the editor does: the \"Fastest parser\" first, then the\n"
+    "\"Fast parser\", with the variables bound in the order given.\n"
+    "\n"
+    "  -n NAME=NUMBER      a numeric variable; the text nan binds NULL\n"
+    "  -s NAME=TEXT        a text variable\n"
+    "  --addn              the check's \"add N\" switch\n"
+    "  --seed N            seed of the random functions\n"
+    "  --date-format F     the date format of the date functions\n"
+    "  --et-origin T       origin of elapsed times, \"yyyyMMdd hh:mm:ss\"\n"
+    "  --et-unit U         unit of elapsed times, 0 to 4\n"
+    "  --utc               dates in UTC\n"
+    "  -h, --help          this text\n"
+    "  --version           the version\n"
+    "\n"
+    "Standard output gets \"engine: <label>\", \"check: <text>\" and\n"
+    "\"value: <type> <value>\". Exit status: 0 the expression gave a value,\n"
+    "1 it failed (the engine's message on standard error), 2 the command line\n"
+    "could not be used.\n";
+
+bool readNumber(const QString &text, double *target)
+{
+    bool ok = false;
+    const double value = text.trimmed().toDouble(&ok);
+    if (ok)
+        *target = value;
+    return ok;
+}
+
+// NAME=VALUE into a variable; the number text "nan" binds NULL. Text that
+// is no number is refused: on the command line it is a typing error, not a
+// value (the editor's table, where it counts as 0, keeps its own rule).
 bool addVariable(const QString &binding, bool isNumber, QVector<InputVar> *vars)
 {
     const int equals = binding.indexOf(QLatin1Char('='));
@@ -63,8 +95,8 @@ bool addVariable(const QString &binding, bool isNumber, QVector<InputVar> *vars)
         var.stringValue = value;
     else if (value == QLatin1String("nan"))
         var.value = quva::nullValue();
-    else
-        var.value = QVariant(value).toDouble();
+    else if (!readNumber(value, &var.value))
+        return false;
     vars->append(var);
     return true;
 }
@@ -116,7 +148,13 @@ bool parseArguments(const QStringList &args, ToolOptions *options)
             ok = false;
         }
         if (!ok) {
-            err() << "quva-expr: cannot use the argument '" << arg << "'\n" << usage;
+            err() << "quva-expr: cannot use the argument '" << arg;
+            if (hasValue && (arg == QLatin1String("-n") || arg == QLatin1String("-s")))
+                err() << ' ' << value << "': NAME=VALUE expected"
+                      << (arg == QLatin1String("-n") ? ", VALUE a number or nan" : "");
+            else
+                err() << '\'';
+            err() << '\n' << usage;
             return false;
         }
     }
@@ -154,11 +192,30 @@ QString printedValue(const ExpressionCheck &check)
     }
 }
 
+bool isHelpRequest(const QStringList &args)
+{
+    return args.size() == 2
+           && (args.at(1) == QLatin1String("--help") || args.at(1) == QLatin1String("-h"));
+}
+
+bool isVersionRequest(const QStringList &args)
+{
+    return args.size() == 2 && args.at(1) == QLatin1String("--version");
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
+    if (isHelpRequest(QCoreApplication::arguments())) {
+        out() << usage << help;
+        return 0;
+    }
+    if (isVersionRequest(QCoreApplication::arguments())) {
+        out() << "quva-expr " QUVA_VERSION "\n";
+        return 0;
+    }
     ToolOptions options;
     if (!parseArguments(QCoreApplication::arguments(), &options))
         return 2;

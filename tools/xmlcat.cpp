@@ -12,16 +12,51 @@
 
 namespace {
 
+const char usageLine[] = "usage: quva-xmlcat [--root NAME] FILE\n";
+
+const char helpText[] =
+    "\n"
+    "Prints the tree that the editor's XML reader makes of FILE, written back\n"
+    "with indentation, and \"status S line L column C\" of the reading on\n"
+    "standard error. FILE is read as raw bytes, as segmentation models are;\n"
+    ".CfgXML and .DescXML files are first decoded from their code page.\n"
+    "\n"
+    "  --root NAME   the element looked for as the root of the tree\n"
+    "  -h, --help    this text\n"
+    "  --version     the version\n"
+    "\n"
+    "Exit status: 0 the tree is not empty, 1 it is (or FILE could not be\n"
+    "read), 2 the command line could not be used.\n";
+
 int usage()
 {
-    fputs("usage: quva-xmlcat [--root NAME] FILE\n", stderr);
+    fputs(usageLine, stderr);
     return 2;
+}
+
+// "--help" and "--version" as the only argument.
+bool infoRequested(int argc, char **argv)
+{
+    if (argc != 2)
+        return false;
+    if (strcmp(argv[1], "--help") == 0 || strcmp(argv[1], "-h") == 0) {
+        fputs(usageLine, stdout);
+        fputs(helpText, stdout);
+        return true;
+    }
+    if (strcmp(argv[1], "--version") == 0) {
+        fputs("quva-xmlcat " QUVA_VERSION "\n", stdout);
+        return true;
+    }
+    return false;
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
+    if (infoRequested(argc, argv))
+        return 0;
     const char *root = nullptr;
     const char *path = nullptr;
     for (int i = 1; i < argc; ++i) {

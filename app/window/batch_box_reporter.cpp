@@ -1,7 +1,6 @@
 #include "app/window/batch_box_reporter.h"
 
 #include <QApplication>
-#include <QMessageBox>
 
 namespace {
 
@@ -12,16 +11,6 @@ bool hasDisplay()
            && platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
 }
 
-QMessageBox::Icon boxIcon(MessageIcon icon)
-{
-    switch (icon) {
-    case MessageIcon::Information: return QMessageBox::Information;
-    case MessageIcon::Warning: return QMessageBox::Warning;
-    case MessageIcon::Critical: break;
-    }
-    return QMessageBox::Critical;
-}
-
 } // namespace
 
 void BatchBoxReporter::message(MessageIcon icon, const QString &title, const QString &text)
@@ -29,16 +18,11 @@ void BatchBoxReporter::message(MessageIcon icon, const QString &title, const QSt
     stderrReporter.message(icon, title, text);
     if (!hasDisplay())
         return;
-    QMessageBox box(boxIcon(icon), title, text, QMessageBox::Ok);
-    box.exec();
+    boxes.message(icon, title, text);
 }
 
 void BatchBoxReporter::setBusy(bool busy)
 {
-    if (!hasDisplay())
-        return;
-    if (busy)
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    else
-        QApplication::restoreOverrideCursor();
+    if (hasDisplay())
+        boxes.setBusy(busy);
 }

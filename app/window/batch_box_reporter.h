@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/reporter.h"
+#include "shell/gui_reporter.h"
 
 // The reporter of the batch path where a screen may be there: each message
 // goes to standard error as one line, and is shown in a box as well when
@@ -14,4 +15,5 @@ public:
 
 private:
     StderrReporter stderrReporter;
+    GuiReporter boxes;
 };

@@ -25,7 +25,10 @@ extern "C" Q_DECL_EXPORT int quvaGuiMain(int argc, char **argv)
     static_assert(std::is_same_v<decltype(&quvaGuiMain), GuiEntry>);
     QApplication app(argc, argv);
     fixNumberFormat();
-    if (takesBatchPath(argc, argv)) {
+    // The application object has taken its own options from the line.
+    const LaunchMode mode =
+        decideLaunch(QCoreApplication::arguments(), processLaunchEnvironment()).mode;
+    if (mode == LaunchMode::HeadlessBatch || mode == LaunchMode::BatchWithBoxes) {
         BatchBoxReporter boxes;
         ReporterScope scope(&boxes);
         return runBatch(QCoreApplication::arguments());

@@ -32,6 +32,10 @@ enum EOprtAssociativity : int { oaLEFT = 1, oaRIGHT = 2 };
 enum ESynFlags : int {
     noBO = 1,
     noBC = 2,
+    // Three bits that the masks have always carried and that no step of the
+    // reader looks at.
+    noBIT4 = 4,
+    noBIT8 = 8,
     noVAL = 16,
     noVAR = 32,
     noARG_SEP = 64,
@@ -41,25 +45,35 @@ enum ESynFlags : int {
     noINFIXOP = 1024,
     noEND = 2048,
     noIF = 4096,
-    noELSE = 8192
+    noELSE = 8192,
+    noBIT16384 = 16384
 };
 
 // The mask after each kind of token.
 enum ESynMasks : int {
-    sfSTART = 13134,
-    sfAFTER_BO = 31566,
-    sfAFTER_BO_OF_FUN = 31564,
-    sfAFTER_BC = 1205,
-    sfAFTER_ARG_SEP = 31566,
-    sfAFTER_IF_ELSE = 31566,
-    sfAFTER_VAL = 1205,
-    sfAFTER_VAR = 1201,
+    sfSTART = noBC | noBIT4 | noBIT8 | noARG_SEP | noOPT | noPFX | noIF | noELSE,
+    sfAFTER_BO = noBC | noBIT4 | noBIT8 | noARG_SEP | noOPT | noPFX | noEND | noIF | noELSE
+                 | noBIT16384,
+    sfAFTER_BO_OF_FUN = sfAFTER_BO & ~noBC, // so that f() is accepted
+    sfAFTER_BC = noBO | noBIT4 | noVAL | noVAR | noFUN | noINFIXOP,
+    sfAFTER_ARG_SEP = sfAFTER_BO,
+    sfAFTER_IF_ELSE = sfAFTER_BO,
+    sfAFTER_VAL = sfAFTER_BC,
+    sfAFTER_VAR = noBO | noVAL | noVAR | noFUN | noINFIXOP,
     sfAFTER_FUN = ~noBO,
-    sfAFTER_OPRT_BIN = 19278,
-    sfAFTER_OPRT_INFIX = 20302,
-    sfAFTER_OPRT_POSTFIX = 693,
+    sfAFTER_OPRT_BIN = noBC | noBIT4 | noBIT8 | noARG_SEP | noOPT | noPFX | noEND | noBIT16384,
+    sfAFTER_OPRT_INFIX = sfAFTER_OPRT_BIN | noINFIXOP,
+    sfAFTER_OPRT_POSTFIX = noBO | noBIT4 | noVAL | noVAR | noFUN | noPFX,
     sfAFTER_END = 0
 };
+
+// The masks as numbers, which the reader's tests and the language's
+// description give.
+static_assert(sfSTART == 13134 && sfAFTER_BO == 31566 && sfAFTER_BO_OF_FUN == 31564);
+static_assert(sfAFTER_BC == 1205 && sfAFTER_VAL == 1205 && sfAFTER_VAR == 1201);
+static_assert(sfAFTER_ARG_SEP == 31566 && sfAFTER_IF_ELSE == 31566);
+static_assert(sfAFTER_OPRT_BIN == 19278 && sfAFTER_OPRT_INFIX == 20302);
+static_assert(sfAFTER_OPRT_POSTFIX == 693);
 
 // Error codes; their message templates are in mup_error_texts.cpp.
 enum EErrorCodes : int {

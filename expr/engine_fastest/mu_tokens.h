@@ -64,22 +64,33 @@ enum SyntaxBits : int {
 
 // The mask after each kind of token.
 enum SyntaxMask : int {
-    maskStart = 14546,
-    maskAfterOpeningBracket = 15058,
-    maskAfterFunctionBracket = 15056, // so that f() is accepted
-    maskAfterClosingBracket = 3373,
-    maskAfterComma = 2770,
-    maskAfterConditional = 12994,
-    maskAfterOperator = 15058,
-    maskAfterUserOperator = 2770,
-    maskAfterValue = 3373,
-    maskAfterVariable = 1325,
+    maskStart = noBC | noARG_SEP | noOPT | noPOSTOP | noASSIGN | noIF | noELSE,
+    maskAfterOpeningBracket = noBC | noARG_SEP | noOPT | noPOSTOP | noEND | noASSIGN | noIF
+                              | noELSE,
+    maskAfterFunctionBracket = maskAfterOpeningBracket & ~noBC, // so that f() is accepted
+    maskAfterClosingBracket = noBO | noVAL | noVAR | noFUN | noINFIXOP | noSTR | noASSIGN,
+    maskAfterComma = noBC | noARG_SEP | noOPT | noPOSTOP | noEND | noASSIGN,
+    maskAfterConditional = noBC | noOPT | noPOSTOP | noEND | noIF | noELSE,
+    maskAfterOperator = maskAfterOpeningBracket,
+    maskAfterUserOperator = maskAfterComma,
+    maskAfterValue = maskAfterClosingBracket,
+    maskAfterVariable = noBO | noVAL | noVAR | noFUN | noINFIXOP | noSTR,
     maskAfterFunction = ~noBO,
-    maskAfterPrefix = 3522,
-    maskAfterPostfix = 3245,
-    maskAfterString = -595,
+    maskAfterPrefix = noBC | noOPT | noPOSTOP | noINFIXOP | noSTR | noASSIGN,
+    maskAfterPostfix = noBO | noVAL | noVAR | noFUN | noPOSTOP | noSTR | noASSIGN,
+    maskAfterString = ~(noBC | noARG_SEP | noOPT | noEND),
     maskAfterEnd = 0
 };
+
+// The masks as numbers, which the reader's tests and the language's
+// description give.
+static_assert(maskStart == 14546 && maskAfterOpeningBracket == 15058);
+static_assert(maskAfterFunctionBracket == 15056 && maskAfterClosingBracket == 3373);
+static_assert(maskAfterComma == 2770 && maskAfterConditional == 12994);
+static_assert(maskAfterOperator == 15058 && maskAfterUserOperator == 2770);
+static_assert(maskAfterValue == 3373 && maskAfterVariable == 1325);
+static_assert(maskAfterPrefix == 3522 && maskAfterPostfix == 3245);
+static_assert(maskAfterString == -595);
 
 // Precedence of a code as the compiler compares them; user and prefix
 // operators carry their own.
