@@ -157,10 +157,12 @@ void skipBodyText(XmlParseState *state)
     state->index = cursorOf(state, p);
 }
 
+// A name that is the mark alone ("<??>") keeps it: an empty name would be
+// written back as "<? ", which reads as a tag without a name.
 void dropTrailingQuestionMark(char *name)
 {
     const size_t length = name ? strlen(name) : 0;
-    if (length > 0 && name[length - 1] == '?')
+    if (length > 1 && name[length - 1] == '?')
         name[length - 1] = 0;
 }
 
