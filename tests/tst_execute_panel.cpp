@@ -447,10 +447,12 @@ void tst_execute_panel::soundNeedsTheme()
     setSoundTheme(theme);
     playSound(3);
     if (plays) {
-        QTRY_COMPARE_WITH_TIMEOUT(QFile::exists(soundLog()), true, 5000);
-        QFile sounds(soundLog());
-        QVERIFY(sounds.open(QIODevice::ReadOnly));
-        QCOMPARE(sounds.readAll(), QByteArray("3\n"));
+        // The player may have made the file and not yet written its line.
+        const auto played = [this] {
+            QFile sounds(soundLog());
+            return sounds.open(QIODevice::ReadOnly) ? sounds.readAll() : QByteArray();
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(played(), QByteArray("3\n"), 5000);
     } else {
         // A sound that does play afterwards is the only line of the log:
         // the first call started no player.
@@ -500,9 +502,10 @@ void tst_execute_panel::unrulyChildren()
     QElapsedTimer clock;
     clock.start();
     panel.execute(printer(), pieces, QDir::tempPath(), 0);
-    // One that does not end is watched for a second.
+    // One that does not end is watched for a second. The flood may take
+    // minutes in a sanitized build on a busy machine.
     const qint64 stall =
-        longestStall([&] { return finished.isEmpty() && (ends || clock.elapsed() < 1000); }, 120000);
+        longestStall([&] { return finished.isEmpty() && (ends || clock.elapsed() < 1000); }, 300000);
     if (!ends) {
         QVERIFY(finished.isEmpty());
         QTest::mouseClick(abortButton(panel), Qt::LeftButton);
