@@ -4,6 +4,7 @@
 #include "core/batch_options.h"
 #include "core/cfg_load.h"
 #include "core/cfg_model.h"
+#include "core/file_replace.h"
 #include "core/reporter.h"
 
 #include <cstdio>
@@ -82,8 +83,10 @@ const char usageText[] =
     "  2   the window was asked for where there is no display\n"
     "  99  batch: the file could not be loaded, or an option was refused\n";
 
-// The record of a finished batch run, left to the end of the process.
-CfgModel *finishedRecord = nullptr;
+// The record of a finished batch run, left to the end of the process. The
+// pointer is volatile: the store to it is never read back, and the compiler
+// would otherwise drop it, leaving the record unreachable to leak checkers.
+CfgModel *volatile finishedRecord = nullptr;
 
 void printOut(const QByteArray &text)
 {
@@ -126,8 +129,15 @@ int runBatch(const QStringList &args)
         }
     }
     // No window: the record's working space stays as it was read. Whether
-    // the write succeeded does not change the exit code.
-    saveCfgFile(*cfg, nullptr);
+    // the write succeeded does not change the exit code; a failure is told
+    // on standard error only, where no box can hold up the caller.
+    FileWriteFailure failure;
+    if (!saveCfgFile(*cfg, nullptr, &failure)) {
+        const QByteArray line = oneLineMessage(QStringLiteral("Saving .CfgXML file"),
+                                               describeFileWriteFailure(failure))
+                                    .toUtf8();
+        std::fprintf(stderr, "%s\n", line.constData());
+    }
     // The process ends with this path; the record is not taken apart piece
     // by piece, since nothing reads it again and the system takes the memory
     // back at once. It stays reachable so that leak checkers see no loss.

@@ -8,3 +8,5 @@ if(LUA_INCLUDE_DIR AND LUA_LIBRARY)
   target_link_libraries(expr_eval PRIVATE ${LUA_LIBRARY})
   target_compile_definitions(expr_eval PRIVATE QUVA_HAVE_LUA=1)
 endif()
+# Reading time by length of the text: linear in both engines.
+quva_add_bench(expr_read quva_expr_fastest quva_expr_fast)

@@ -14,17 +14,16 @@ constexpr CfgRootAttribute number(const char *name, double CfgModel::*field)
     return {name, CfgRootAttribute::Number, nullptr, field, nullptr};
 }
 
-constexpr CfgRootAttribute text(const char *name, QString CfgModel::*field, bool escaped)
+constexpr CfgRootAttribute text(const char *name, QString CfgModel::*field)
 {
-    return {name, escaped ? CfgRootAttribute::EscapedText : CfgRootAttribute::Text, nullptr,
-            nullptr, field};
+    return {name, CfgRootAttribute::EscapedText, nullptr, nullptr, field};
 }
 
 } // namespace
 
 const CfgRootAttribute cfgRootAttributes[] = {
-    text("version", &CfgModel::version, false),
-    text("graphicHeader", &CfgModel::graphicHeader, true),
+    text("version", &CfgModel::version),
+    text("graphicHeader", &CfgModel::graphicHeader),
     integer("nTestSet", &CfgModel::nTestSet),
     integer("nMaxValSet", &CfgModel::nMaxValSet),
     integer("nValSet", &CfgModel::nValSet),
@@ -33,8 +32,8 @@ const CfgRootAttribute cfgRootAttributes[] = {
     number("maxTestDSSize", &CfgModel::maxTestDSSize),
     integer("nBagging", &CfgModel::nBagging),
     number("purifyTarget", &CfgModel::purifyTarget),
-    text("minSizeModalityForNominalVar", &CfgModel::minSizeModalityForNominalVar, true),
-    text("minSizeModalityForOrderedVar", &CfgModel::minSizeModalityForOrderedVar, true),
+    text("minSizeModalityForNominalVar", &CfgModel::minSizeModalityForNominalVar),
+    text("minSizeModalityForOrderedVar", &CfgModel::minSizeModalityForOrderedVar),
     number("zTestModalities", &CfgModel::zTestModalities),
     integer("nMaxVar", &CfgModel::nMaxVar),
     number("lambda", &CfgModel::lambda),

@@ -12,8 +12,10 @@ struct CfgRootAttribute
     enum Kind {
         Integer,     // plain decimal
         Number,      // the stream form of a double
-        Text,        // written as held, unescaped
-        EscapedText, // written escaped
+        // Written escaped. The version too, which the engine's own files hold
+        // as plain text: written as held, a version holding a quote, '<' or
+        // '&' would make a file that no reader takes.
+        EscapedText,
         AucMax,      // percent in the record, a fraction in the file
     };
     const char *name;

@@ -5,6 +5,7 @@
 #include "core/reporter.h"
 
 #include "text/text_convert.h"
+#include "xml/file_read.h"
 #include "xml/xml_node.h"
 
 #include <QFile>
@@ -53,11 +54,15 @@ private:
     bool on_ = true;
 };
 
-CfgModel *fail(WaitCursor &cursor, bool showErrors, const QString &text)
+// The message, and on a line of its own what was wrong with the file, when
+// that is known.
+CfgModel *fail(WaitCursor &cursor, bool showErrors, const QString &text,
+               const QString &why = QString())
 {
     cursor.restore();
     if (showErrors)
-        reportMessage(MessageIcon::Critical, errorTitle, text);
+        reportMessage(MessageIcon::Critical, errorTitle,
+                      why.isEmpty() ? text : text + QLatin1Char('\n') + why);
     return nullptr;
 }
 
@@ -67,13 +72,15 @@ CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QStr
     const QString readPath = resolveDescPath(descPath, cfgPath);
     XmlNode descRoot;
     DescModel *desc = nullptr;
-    if (!prefetch || !prefetch->take(descPath, readPath, &descRoot, &desc))
-        descRoot = readXmlFile(readPath, "DESCRIPTION");
+    XmlFileFailure failure;
+    if (!prefetch || !prefetch->take(descPath, readPath, &descRoot, &desc, &failure))
+        descRoot = readXmlFile(readPath, "DESCRIPTION", nullptr, &failure);
     keepTree(descRoot);
     if (descRoot.isEmpty())
         return fail(cursor, showErrors,
                     QStringLiteral("error: Empty Description file'") + readPath
-                        + QStringLiteral("'?"));
+                        + QStringLiteral("'?"),
+                    describeXmlFileFailure(failure));
     if (!desc)
         desc = new DescModel(descPath, descRoot);
     if (desc->columnCount() == 0) {
@@ -91,6 +98,13 @@ CfgModel *buildModels(const XmlNode &cfgRoot, const QString &cfgPath, const QStr
     CfgModel *model = new CfgModel(desc, cfgPath, root);
     cursor.restore();
     return model;
+}
+
+QString namesNoDescription(const QString &path)
+{
+    return QStringLiteral("File '") + path
+           + QStringLiteral("' names no description: its DescriptionFile element is missing or "
+                            "empty.");
 }
 
 } // namespace
@@ -114,17 +128,23 @@ CfgLoad loadCfgFile(QString path, bool showErrors, const OtherWindowCheck &askOt
     }
     if (!path.endsWith(QLatin1String(".CfgXML")))
         path += QLatin1String(".CfgXML");
-    // In a one-shot process the description is read on a second thread
-    // while the configuration is parsed here.
+    // The file is opened once. In a one-shot process the description is
+    // read on a second thread while the configuration is parsed here.
     DescPrefetch prefetch;
-    const QString guess = oneShotLoading ? guessDescPath(path) : QString();
-    if (!guess.isEmpty())
-        prefetch.start(guess, resolveDescPath(guess, path));
-    const XmlNode root = readXmlFile(path, "QUV_Config");
+    XmlFileFailure failure;
+    QByteArray bytes;
+    XmlNode root;
+    if (readWholeFile(path, &bytes, &failure)) {
+        const QString guess = oneShotLoading ? guessDescPath(bytes) : QString();
+        if (!guess.isEmpty())
+            prefetch.start(guess, resolveDescPath(guess, path));
+        root = parseXmlFileBytes(bytes, "QUV_Config", nullptr, path, &failure);
+    }
     keepTree(root);
     const QString descPath = QString::fromUtf8(root.childNode("DescriptionFile").textAt(0));
     if (root.isEmpty() || descPath.isEmpty()) {
-        fail(cursor, showErrors, QStringLiteral("Error: Cfg file not loaded"));
+        fail(cursor, showErrors, QStringLiteral("Error: Cfg file not loaded"),
+             root.isEmpty() ? describeXmlFileFailure(failure) : namesNoDescription(path));
         return result;
     }
     result.place = workingSpaceOf(root);

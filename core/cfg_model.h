@@ -11,6 +11,7 @@
 #include <QVector>
 
 class XmlNode;
+struct FileWriteFailure;
 
 // The in-memory form of one .CfgXML: every parameter of the engine, the
 // per-column settings, the target, the line selection, and what ties the
@@ -132,7 +133,9 @@ QByteArray cfgFileBytes(const CfgModel &model);
 
 // Saves the record under cfgFileName. The place of the window, when one is
 // given, goes into the WorkingSpace fields first; without one they stay as
-// they were read. The file is written whole to a temporary file beside the target
-// and renamed over it. Returns false, with no message, when the file could
-// not be written; an existing file is then unchanged.
+// they were read. The file is replaced as file_replace.h tells: whole or not
+// at all, keeping its permissions and owner. Returns false, with no message,
+// when the file could not be written; an existing file is then unchanged,
+// and `failure`, when given, says why.
 bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace = nullptr);
+bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace, FileWriteFailure *failure);

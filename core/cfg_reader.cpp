@@ -30,7 +30,6 @@ void readRootAttributes(CfgModel &model, const XmlNode &root)
         case CfgRootAttribute::AucMax:
             model.*a.number = chk_atof(value, defaultAUCmaxFraction) * 100.0;
             break;
-        case CfgRootAttribute::Text:
         case CfgRootAttribute::EscapedText:
             // Only a missing attribute gives the default; an empty one stays empty.
             if (value)

@@ -4,12 +4,12 @@
 
 #include "core/cfg_attributes.h"
 #include "core/cfg_model.h"
+#include "core/file_replace.h"
 
 #include "text/text_convert.h"
 #include "xml/xml_node.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <charconv>
 
@@ -38,6 +38,22 @@ void appendEscaped(QByteArray &out, const QString &text)
     out += xmlEscape(&xmlEscapeBuffer, text.toUtf8().constData());
 }
 
+// A one-byte field as the reader gives it back: the five characters of the
+// entity table escaped, and a byte that is no character of UTF-8 alone as a
+// numeric entity, which reads back as that very byte. Written raw, such a
+// byte would take the closing quote into the value.
+void appendCharacter(QByteArray &out, char c)
+{
+    const unsigned char byte = static_cast<unsigned char>(c);
+    if (byte >= 0x80) {
+        out += "&#";
+        appendInt(out, byte);
+        out += ';';
+    } else {
+        out += xmlEscape(&xmlEscapeBuffer, QByteArray(1, c).constData());
+    }
+}
+
 void appendAttributeValue(QByteArray &out, const CfgModel &model, const CfgRootAttribute &a)
 {
     switch (a.kind) {
@@ -53,9 +69,6 @@ void appendAttributeValue(QByteArray &out, const CfgModel &model, const CfgRootA
         appendStreamNumber(out, percent == 100.0 ? 200.0 : percent * 0.01);
         break;
     }
-    case CfgRootAttribute::Text:
-        appendText(out, model.*a.text);
-        break;
     case CfgRootAttribute::EscapedText:
         appendEscaped(out, model.*a.text);
         break;
@@ -113,7 +126,7 @@ void appendVar(QByteArray &out, const CfgModel &model, int i)
         out += " illus='1'";
     if (model.monoto[i] != 'N') {
         out += " monoto='";
-        out += model.monoto[i];
+        appendCharacter(out, model.monoto[i]);
         out += '\'';
     }
     if (model.minSizeModality[i] != -1.0) {
@@ -187,7 +200,7 @@ void appendTarget(QByteArray &out, const CfgModel &model)
 {
     out += targetComment;
     out += "<Target type='";
-    out += model.targetType;
+    appendCharacter(out, model.targetType);
     out += "'>";
     if (model.targetType == 'E') {
         out += "\n  <vars>\n";
@@ -207,12 +220,14 @@ void appendTarget(QByteArray &out, const CfgModel &model)
     out += "</Target>\n";
 }
 
+// Escaped, so that a name such as "R&D" reads back: the engine's own files
+// hold these as plain text.
 void appendElement(QByteArray &out, const char *name, const QString &text)
 {
     out += " <";
     out += name;
     out += '>';
-    appendText(out, text);
+    appendEscaped(out, text);
     out += "</";
     out += name;
     out += ">\n";
@@ -264,6 +279,11 @@ QByteArray cfgFileBytes(const CfgModel &model)
 
 bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace)
 {
+    return saveCfgFile(model, windowPlace, nullptr);
+}
+
+bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace, FileWriteFailure *failure)
+{
     QByteArray out;
     out.reserve(expectedSize(model));
     appendPrologue(out);
@@ -279,16 +299,7 @@ bool saveCfgFile(CfgModel &model, const WorkingSpace *windowPlace)
 
     // Our own write must not come back as a change on disk.
     watchFiles(model, QString(), QString());
-    // Unbuffered, so that a short write (a full disk) shows in the count:
-    // the temporary file is then dropped and the old file stays as it was.
-    QSaveFile file(model.cfgFileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (file.write(out) != out.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    if (!file.commit())
+    if (!replaceFileContents(model.cfgFileName, out, failure))
         return false;
     const QString descPath = descFilePath(model);
     watchFiles(model, model.cfgFileName, descPath);

@@ -4,8 +4,6 @@
 
 #include "xml/xml_file.h"
 
-#include <QFile>
-
 namespace {
 
 // The writer puts the element near the top, behind the root's attributes.
@@ -22,12 +20,10 @@ bool isAscii(const QByteArray &bytes)
 
 } // namespace
 
-QString guessDescPath(const QString &cfgPath)
+QString guessDescPath(const QByteArray &cfgBytes)
 {
-    QFile file(cfgPath);
-    if (!file.open(QIODevice::ReadOnly))
-        return QString();
-    const QByteArray head = file.read(headBytes);
+    const QByteArray head = QByteArray::fromRawData(cfgBytes.constData(),
+                                                    int(qMin<qint64>(cfgBytes.size(), headBytes)));
     static const QByteArray opening = QByteArrayLiteral("<DescriptionFile>");
     const int begin = head.indexOf(opening);
     if (begin < 0)
@@ -58,14 +54,14 @@ void DescPrefetch::start(const QString &descPath, const QString &readPath)
     // configuration; the record's build below is the only user of the shared
     // Base64 buffer then.
     worker = std::thread([this] {
-        root = readXmlFile(guessedReadPath, "DESCRIPTION");
+        root = readXmlFile(guessedReadPath, "DESCRIPTION", nullptr, &failure);
         if (!root.isEmpty())
             desc = new DescModel(guessedDescPath, root);
     });
 }
 
 bool DescPrefetch::take(const QString &descPath, const QString &readPath, XmlNode *treeOut,
-                        DescModel **descOut)
+                        DescModel **descOut, XmlFileFailure *failureOut)
 {
     // Nothing started, or taken already, leaves no read path.
     if (guessedReadPath.isEmpty() || descPath != guessedDescPath || readPath != guessedReadPath)
@@ -73,6 +69,8 @@ bool DescPrefetch::take(const QString &descPath, const QString &readPath, XmlNod
     wait();
     *treeOut = root;
     *descOut = desc;
+    if (failureOut)
+        *failureOut = failure;
     root = XmlNode();
     desc = nullptr;
     guessedDescPath.clear();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "xml/file_read.h"
 #include "xml/xml_node.h"
 
 #include <QString>
@@ -26,8 +27,10 @@ public:
     void start(const QString &descPath, const QString &readPath);
     // The tree and record read for `descPath` at `readPath`, as a load on
     // this thread would have made them (the record is null when the tree is
-    // empty); false when the guess was another path or nothing was started.
-    bool take(const QString &descPath, const QString &readPath, XmlNode *root, DescModel **desc);
+    // empty, and `failure`, when given, tells why); false when the guess was
+    // another path or nothing was started.
+    bool take(const QString &descPath, const QString &readPath, XmlNode *root, DescModel **desc,
+              XmlFileFailure *failure = nullptr);
 
 private:
     void wait();
@@ -37,10 +40,11 @@ private:
     QString guessedReadPath;
     XmlNode root;
     DescModel *desc = nullptr;
+    XmlFileFailure failure;
 };
 
-// The text of the configuration's DescriptionFile element, read from the
-// first bytes of the file without parsing it; empty where the element is not
-// written plainly there (entities, markup, non-ASCII text without the UTF-8
-// mark), so that no guess is made.
-QString guessDescPath(const QString &cfgPath);
+// The text of the configuration's DescriptionFile element, found in the
+// first 64 KiB of the file's bytes without parsing them; empty where the
+// element is not written plainly there (entities, markup, non-ASCII text
+// without the UTF-8 mark), so that no guess is made.
+QString guessDescPath(const QByteArray &cfgBytes);

@@ -96,8 +96,9 @@ void appendInputVarXml(QByteArray &out, const InputVar &var)
     }
     if (!var.isNumber)
         out.append("' isNumber='0");
+    // Escaped like the rest: the letter a file gave may be a quote.
     out.append("' meta='");
-    out.append(QString(var.meta).toUtf8());
+    appendEscaped(out, QString(var.meta));
     out.append("' value='");
     if (var.isNumber)
         appendStreamNumber(out, var.value);

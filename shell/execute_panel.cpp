@@ -8,7 +8,9 @@
 #include <QCoreApplication>
 #include <QMessageBox>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextCursor>
+#include <QTimer>
 
 #include <cstdlib>
 
@@ -43,6 +45,7 @@ ExecutePanel::ExecutePanel(QWidget *parent, bool showProgress)
     : QWidget(parent), ui(new Ui::ExecutePanelClass), showProgress(showProgress)
 {
     ui->setupUi(this);
+    ui->pteLog->setMaximumBlockCount(logMaxLines);
     connect(&process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
             &ExecutePanel::on_finished);
     connect(&process, &QProcess::readyReadStandardOutput, this,
@@ -122,9 +125,14 @@ void ExecutePanel::setRunning(bool running)
     target->setCursor(running ? Qt::WaitCursor : Qt::ArrowCursor);
 }
 
+// One piece per call; what is left is taken at the next turn of the event
+// loop, so that a program that prints faster than the log can show does not
+// hold the window.
 void ExecutePanel::on_readyReadStandardOutput()
 {
-    appendOutput(process.readAll());
+    appendOutput(process.read(readPieceBytes));
+    if (process.bytesAvailable() > 0)
+        QTimer::singleShot(0, this, &ExecutePanel::on_readyReadStandardOutput);
 }
 
 void ExecutePanel::appendOutput(const QByteArray &chunk)
@@ -136,7 +144,7 @@ void ExecutePanel::appendOutput(const QByteArray &chunk)
     if (chunk.isEmpty() || chunk.at(0) != '\r') {
         if (showProgress)
             parseProgressLines(chunk);
-        ui->pteLog->insertPlainText(localText(chunk.constData()));
+        insertLogText(localText(chunk.constData()));
     } else {
         // A counter on one line: the last line gives way to the text behind
         // the chunk's last carriage return, as on a terminal.
@@ -144,11 +152,34 @@ void ExecutePanel::appendOutput(const QByteArray &chunk)
         int start = 1;
         for (int cr = chunk.indexOf('\r', start); cr >= 0; cr = chunk.indexOf('\r', start))
             start = cr + 1;
-        ui->pteLog->insertPlainText(localText(chunk.constData() + start));
+        insertLogText(localText(chunk.constData() + start));
     }
 
     if (!autoScroll_)
         bar->setValue(scrollValue);
+}
+
+// Inserts at the cursor, breaking the text so that no line of the log grows
+// beyond logMaxLineLength characters. The cursor is at the end of the last
+// line or at its start, replacing it.
+void ExecutePanel::insertLogText(const QString &text)
+{
+    const QTextCursor cursor = ui->pteLog->textCursor();
+    int column = cursor.selectionStart() - cursor.block().position();
+    QString broken;
+    broken.reserve(text.size() + text.size() / logMaxLineLength + 1);
+    for (const QChar c : text) {
+        if (c == QLatin1Char('\n')) {
+            column = 0;
+        } else if (column == logMaxLineLength) {
+            broken += QLatin1Char('\n');
+            column = 0;
+        }
+        if (c != QLatin1Char('\n'))
+            ++column;
+        broken += c;
+    }
+    ui->pteLog->insertPlainText(broken);
 }
 
 // Progress lines are "$P|<n>|<message>" ended by a carriage return or, when
@@ -185,6 +216,9 @@ void ExecutePanel::on_cbAutoScroll_clicked()
 
 void ExecutePanel::on_finished(int exitCode, QProcess::ExitStatus exitStatus)
 {
+    // What the program printed last comes before the banner.
+    while (process.bytesAvailable() > 0)
+        appendOutput(process.read(readPieceBytes));
     ui->pteLog->appendPlainText(QString::fromLatin1(finishBanner).arg(exitCode));
     if (showProgress)
         emit myProgressBar(100, tr("Done"));

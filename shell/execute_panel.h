@@ -21,11 +21,22 @@ enum ExecuteTask : int {
 // reads the progress lines "$P|n|text" out of it, offers an abort and tells
 // its owner by myFinishExe when the program has ended. There is no queue:
 // what follows a task is up to the receiver of myFinishExe.
+//
+// A program may print without measure. So that the window stays responsive
+// and its memory bounded, the output is taken in pieces of at most
+// readPieceBytes per turn of the event loop, a line longer than
+// logMaxLineLength characters is shown as several lines of that length, and
+// the log keeps the last logMaxLines lines (the oldest, the "Running:" head
+// among them, give way first).
 class ExecutePanel : public QWidget
 {
     Q_OBJECT
 
 public:
+    static constexpr int logMaxLines = 10000;
+    static constexpr int logMaxLineLength = 1000;
+    static constexpr qint64 readPieceBytes = 256 * 1024;
+
     explicit ExecutePanel(QWidget *parent = nullptr, bool showProgress = true);
     ~ExecutePanel() override;
 
@@ -73,6 +84,7 @@ private:
     void start(const QString &program, const QStringList &arguments,
                const QString &directory, int taskNumber);
     void parseProgressLines(const QByteArray &chunk);
+    void insertLogText(const QString &text);
     void setRunning(bool running);
 
     Ui::ExecutePanelClass *ui;

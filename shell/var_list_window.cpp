@@ -3,8 +3,9 @@
 #include "shell/gui_reporter.h"
 #include "shell/settings.h"
 
+#include "xml/file_read.h"
+
 #include <QCheckBox>
-#include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -146,12 +147,14 @@ void VarListWindow::on_leFilename_returnPressed()
     loadVariableFile();
 }
 
+// An unreadable list is left in silence, a folder, a FIFO, a device or a
+// file of more than 128 MiB among them: none of them holds the window.
 void VarListWindow::loadVariableFile()
 {
-    QFile file(leFilename->text());
-    if (!file.open(QIODevice::ReadOnly))
+    QByteArray bytes;
+    if (!readWholeFile(leFilename->text(), &bytes, nullptr))
         return;
-    const QString text = decodeListFile(file.readAll()).trimmed();
+    const QString text = decodeListFile(bytes).trimmed();
     if (!text.isEmpty())
         pteVarList->setPlainText(text);
 }

@@ -3,6 +3,7 @@ quva_add_test(tst_desc_model quva_core)
 quva_add_test(tst_cfg_model quva_core)
 quva_add_test(tst_cfg_file quva_core)
 quva_add_test(tst_desc_prefetch quva_core)
+quva_add_test(tst_file_replace quva_core)
 # The record layer draws nothing: a program on it alone maps neither QtGui
 # nor QtWidgets.
 add_test(NAME core_links_without_gui

@@ -3,8 +3,12 @@
 //   out:TEXT    write TEXT; "\r", "\n", "\0" and "\\" stand for those bytes
 //   sleep:MS    pause for MS milliseconds
 //   exit:CODE   end with CODE (the default is 0)
+//   flood:N     write N bytes of letters and no line end, as fast as it can
+//   garbage:N   write N bytes of zero bytes and broken UTF-8
+//   close       close standard output and standard error, and go on
 #include <chrono>
 #include <cstdio>
+#include <unistd.h>
 #include <cstdlib>
 #include <string>
 #include <thread>
@@ -30,6 +34,20 @@ std::string unescape(const std::string &text)
     return out;
 }
 
+// Writes `total` bytes of `pattern`, over and over, in large writes.
+void writeRepeated(const std::string &pattern, long long total)
+{
+    std::string block;
+    while (block.size() < 65536)
+        block += pattern;
+    for (long long left = total; left > 0;) {
+        const std::size_t n = left < (long long)block.size() ? std::size_t(left) : block.size();
+        std::fwrite(block.data(), 1, n, stdout);
+        left -= (long long)n;
+    }
+    std::fflush(stdout);
+}
+
 bool startsWith(const std::string &text, const char *prefix, std::string *rest)
 {
     const std::string p(prefix);
@@ -53,6 +71,14 @@ int main(int argc, char **argv)
             std::fflush(stdout);
         } else if (startsWith(arg, "sleep:", &rest)) {
             std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(rest.c_str())));
+        } else if (startsWith(arg, "flood:", &rest)) {
+            writeRepeated("abcdefghijklmnopqrstuvwxyz", std::atoll(rest.c_str()));
+        } else if (startsWith(arg, "garbage:", &rest)) {
+            writeRepeated(std::string("\0\xC3(\xE2\x82\xFF\x80\0x", 10), std::atoll(rest.c_str()));
+        } else if (arg == "close") {
+            std::fflush(stdout);
+            ::close(1);
+            ::close(2);
         } else if (startsWith(arg, "exit:", &rest)) {
             code = std::atoi(rest.c_str());
         } else {

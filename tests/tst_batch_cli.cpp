@@ -201,7 +201,7 @@ QList<QByteArray> lines(const QByteArray &text)
 QList<QByteArray> messageLines(const QByteArray &err)
 {
     static const char *const titles[] = {refusalTitle, ".CfgXML error: ",
-                                         "Loading .CfgXML file: "};
+                                         "Loading .CfgXML file: ", "Saving .CfgXML file: "};
     QList<QByteArray> result;
     for (const QByteArray &line : lines(err)) {
         for (const char *title : titles) {
@@ -435,15 +435,21 @@ void tst_batch_cli::notLoaded_data()
     QTest::addColumn<QStringList>("args");
     QTest::addColumn<QByteArray>("loaderMessage");
 
-    const QByteArray notLoaded(".CfgXML error: Error: Cfg file not loaded");
-    QTest::newRow("missing file") << QStringList{"nothere.CfgXML", "-seed=1"} << notLoaded;
-    QTest::newRow("missing, no extension") << QStringList{"nothere", "-seed=1"} << notLoaded;
+    // The line that says why follows the message, its line break a blank.
+    const QByteArray notLoaded(".CfgXML error: Error: Cfg file not loaded File '<folder>/");
+    QTest::newRow("missing file") << QStringList{"nothere.CfgXML", "-seed=1"}
+                                  << notLoaded + "nothere.CfgXML' does not exist.";
+    QTest::newRow("missing, no extension") << QStringList{"nothere", "-seed=1"}
+                                           << notLoaded + "nothere.CfgXML' does not exist.";
     // "-d" in first place is a file name like any other: "-d.CfgXML" is looked for.
-    QTest::newRow("-d first") << QStringList{"-d", QLatin1String(cfgName)} << notLoaded;
-    QTest::newRow("empty file") << QStringList{"empty.CfgXML", "-seed=1"} << notLoaded;
+    QTest::newRow("-d first") << QStringList{"-d", QLatin1String(cfgName)}
+                              << notLoaded + "-d.CfgXML' does not exist.";
+    QTest::newRow("empty file") << QStringList{"empty.CfgXML", "-seed=1"}
+                                << notLoaded + "empty.CfgXML' is empty.";
     QTest::newRow("description missing")
         << QStringList{"lost.CfgXML", "-seed=1"}
-        << QByteArray(".CfgXML error: error: Empty Description file'<folder>/gone.DescXML'?");
+        << QByteArray(".CfgXML error: error: Empty Description file'<folder>/gone.DescXML'? File "
+                      "'<folder>/gone.DescXML' does not exist.");
 }
 
 void tst_batch_cli::notLoaded()
@@ -477,8 +483,8 @@ void tst_batch_cli::notLoaded()
     QCOMPARE(QFileInfo(ws.path(QStringLiteral("empty.CfgXML"))).size(), qint64(0));
 }
 
-// A folder that cannot be written: the process still ends with 0, says
-// nothing, and the old file stays whole.
+// A folder that cannot be written: the process still ends with 0, says why
+// on standard error, and the old file stays whole.
 void tst_batch_cli::unwritableFolder()
 {
     Workspace ws;
@@ -501,7 +507,10 @@ void tst_batch_cli::unwritableFolder()
                               program);
     QFile::setPermissions(ws.folder(), readOnly | QFileDevice::WriteOwner);
     QVERIFY(run.finished);
-    QVERIFY2(messageLines(run.err).isEmpty(), run.err.constData());
+    QCOMPARE(messageLines(run.err),
+             QList<QByteArray>{"Saving .CfgXML file: File '" + ws.cfgPath().toUtf8()
+                               + "' was not written: Permission denied; the file on disk is "
+                                 "unchanged."});
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(readAll(ws.cfgPath()), fixture(QLatin1String(cfgName)));
     QCOMPARE(modificationTime(ws.cfgPath()), ws.oldTime);

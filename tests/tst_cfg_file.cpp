@@ -4,6 +4,7 @@
 
 #include "xml/xml_node.h"
 
+#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -15,6 +16,7 @@
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -137,6 +139,7 @@ private slots:
     void lambdaLosesDigits();
     void saveTwiceSameBytes();
     void unknownTargetLabel();
+    void textsThatNeedEscapingReadBack();
     void staleNamesSurviveLoadAndSave_data();
     void staleNamesSurviveLoadAndSave();
     void lineSelectionOtherLetter();
@@ -148,6 +151,8 @@ private slots:
     void saveOntoImmutableFolder();
     void loadCfgErrors_data();
     void loadCfgErrors();
+    void loadOddFiles_data();
+    void loadOddFiles();
     void loadCfgWithoutSuffix();
     void loadCfgAsksOtherWindows();
     void loadCfgAnswerTwoEndsProcess();
@@ -484,6 +489,38 @@ void tst_cfg_file::unknownTargetLabel()
     QVERIFY(cfgFileBytes(*model).contains("<Target type='C'></Target>\n"));
 }
 
+// Texts and letters that the engine's files hold plainly are escaped all
+// the same where they hold a quote, '<' or '&', or a byte that is no
+// character alone: written as they stand they made a file that no reader
+// takes (found by fuzzing the load).
+void tst_cfg_file::textsThatNeedEscapingReadBack()
+{
+    const QString path = tmp.filePath("escape.CfgXML");
+    QFile::copy(dataDir + "/golden.DescXML", tmp.filePath("golden.DescXML"));
+    const auto model = goldenModel("<QUV_Config/>", path);
+    model->version = "3'2 <beta> & co";
+    model->Weight = "R&D";
+    model->Treatment = "a<b";
+    model->PartioningModel = "x > 1 & y";
+    model->targetType = '\xC8'; // a lone byte of a character that a file began
+    model->monoto[0] = '\'';
+    QVERIFY(saveCfgFile(*model, nullptr));
+    const QByteArray bytes = fileBytes(path);
+    QVERIFY(bytes.contains("version='3&apos;2 &lt;beta&gt; &amp; co'"));
+    QVERIFY(bytes.contains(" <Weight>R&amp;D</Weight>\n"));
+    QVERIFY(bytes.contains("<Target type='&#200;'>"));
+    QVERIFY(bytes.contains(" monoto='&apos;'"));
+    const CfgLoad again = loadCfgFile(path, true, nullptr, QString());
+    QVERIFY(again.model);
+    QCOMPARE(again.model->version, model->version);
+    QCOMPARE(again.model->Weight, model->Weight);
+    QCOMPARE(again.model->Treatment, model->Treatment);
+    QCOMPARE(again.model->PartioningModel, model->PartioningModel);
+    QCOMPARE(again.model->targetType, model->targetType);
+    QCOMPARE(again.model->monoto[0], model->monoto[0]);
+    QCOMPARE(cfgFileBytes(*again.model), bytes);
+}
+
 // Weight and Treatment hold labels in memory and names on disk. A name the
 // description no longer knows is kept as it stands, silently, so that a
 // stale file goes through a load and a save unchanged.
@@ -675,33 +712,41 @@ void tst_cfg_file::loadCfgErrors_data()
     QTest::addColumn<QString>("file");      // name inside the fixture folder; "" for no path
     QTest::addColumn<QByteArray>("content"); // written first unless null
     QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("why");        // the line behind the message; %1 the folder
 
-    QTest::newRow("no path") << QString() << QByteArray() << "Error: null Cfg file?";
-    QTest::newRow("missing file") << "absent.CfgXML" << QByteArray()
-                                  << "Error: Cfg file not loaded";
-    QTest::newRow("zero bytes") << "empty.CfgXML" << QByteArray("") << "Error: Cfg file not loaded";
+    const QString notLoaded = QStringLiteral("Error: Cfg file not loaded");
+    const QString noDescription =
+        "File '%1/%2' names no description: its DescriptionFile element is missing or empty.";
+    QTest::newRow("no path") << QString() << QByteArray() << "Error: null Cfg file?" << QString();
+    QTest::newRow("missing file") << "absent.CfgXML" << QByteArray() << notLoaded
+                                  << "File '%1/absent.CfgXML' does not exist.";
+    QTest::newRow("zero bytes") << "empty.CfgXML" << QByteArray("") << notLoaded
+                                << "File '%1/empty.CfgXML' is empty.";
     QTest::newRow("no DescriptionFile") << "nodesc.CfgXML" << QByteArray("<QUV_Config/>")
-                                        << "Error: Cfg file not loaded";
+                                        << notLoaded << noDescription.arg("%1", "nodesc.CfgXML");
     QTest::newRow("empty DescriptionFile")
         << "emptydesc.CfgXML" << QByteArray("<QUV_Config><DescriptionFile/></QUV_Config>")
-        << "Error: Cfg file not loaded";
+        << notLoaded << noDescription.arg("%1", "emptydesc.CfgXML");
     QTest::newRow("syntax error") << "broken.CfgXML"
                                   << QByteArray("<QUV_Config <DescriptionFile>golden.DescXML"
                                                 "</DescriptionFile></QUV_Config>")
-                                  << "Error: Cfg file not loaded";
+                                  << notLoaded
+                                  << "File '%1/broken.CfgXML' is not XML that can be read: error "
+                                     "at line 1, column 14.";
     QTest::newRow("other root") << "other.CfgXML"
                                 << QByteArray("<Other><DescriptionFile>golden.DescXML"
                                               "</DescriptionFile></Other>")
-                                << "Error: Cfg file not loaded";
+                                << notLoaded << "File '%1/other.CfgXML' has no element QUV_Config.";
     QTest::newRow("description missing")
         << "nodescfile.CfgXML"
         << QByteArray("<QUV_Config><DescriptionFile>gone.DescXML</DescriptionFile></QUV_Config>")
-        << "error: Empty Description file'%1/gone.DescXML'?";
+        << "error: Empty Description file'%1/gone.DescXML'?"
+        << "File '%1/gone.DescXML' does not exist.";
     QTest::newRow("description without columns")
         << "nocols.CfgXML"
         << QByteArray("<QUV_Config><DescriptionFile>nocols.DescXML</DescriptionFile>"
                       "</QUV_Config>")
-        << "error in Description file'%1/nocols.DescXML'";
+        << "error in Description file'%1/nocols.DescXML'" << QString();
 }
 
 void tst_cfg_file::loadCfgErrors()
@@ -709,6 +754,7 @@ void tst_cfg_file::loadCfgErrors()
     QFETCH(QString, file);
     QFETCH(QByteArray, content);
     QFETCH(QString, message);
+    QFETCH(QString, why);
 
     const QString dir = fixtureDir("loaderrors");
     QVERIFY(writeFile(dir + "/nocols.DescXML", "<DESCRIPTION><QUV_Config/></DESCRIPTION>"));
@@ -724,7 +770,9 @@ void tst_cfg_file::loadCfgErrors()
         const CfgModel *model = loadCfgFile(path, showErrors, nullptr, QString()).model.release();
         QCOMPARE(model, nullptr);
         if (showErrors) {
-            const QString text = message.contains("%1") ? message.arg(dir) : message;
+            QString text = message.contains("%1") ? message.arg(dir) : message;
+            if (!why.isEmpty())
+                text += '\n' + why.arg(dir);
             QCOMPARE(recorder.messages, QStringList{".CfgXML error: " + text});
             QCOMPARE(recorder.busyAtMessage, 0);
         } else {
@@ -733,6 +781,78 @@ void tst_cfg_file::loadCfgErrors()
         QCOMPARE(recorder.busy, 0);
         QVERIFY(recorder.busyCalls >= 2);
     }
+}
+
+void tst_cfg_file::loadOddFiles_data()
+{
+    QTest::addColumn<QString>("configuration"); // what the configuration is
+    QTest::addColumn<QString>("description");   // what the description it names is
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("why");
+
+    const QString notLoaded = QStringLiteral("Error: Cfg file not loaded");
+    const QString emptyDescription = QStringLiteral("error: Empty Description file'%1/odd.DescXML'?");
+    for (bool asDescription : {false, true}) {
+        const QString path = asDescription ? QStringLiteral("odd.DescXML") : QStringLiteral("odd.CfgXML");
+        const auto row = [&](const char *what, const QString &sentence) {
+            const QString name = QLatin1String(asDescription ? "description " : "configuration ") + what;
+            QTest::newRow(qPrintable(name))
+                << (asDescription ? QStringLiteral("good") : QString::fromLatin1(what))
+                << (asDescription ? QString::fromLatin1(what) : QStringLiteral("good"))
+                << (asDescription ? emptyDescription : notLoaded)
+                << "File '%1/" + path + "' " + sentence;
+        };
+        row("folder", "is a folder, not a file.");
+        row("fifo", "is a FIFO (named pipe), not a regular file.");
+        row("device", "is a character device, not a regular file.");
+        row("huge", "is larger than 128 MiB, the most that is read of a file.");
+        row("random", "is not XML that can be read: error at line 1, column 10.");
+        row("empty", "is empty.");
+    }
+}
+
+// A configuration, or the description it names, that is a folder, a FIFO
+// that nobody writes, a device, 200 MB, random bytes or nothing: the load
+// tells why at once, and opens the file no more than once (a FIFO opened a
+// second time would not come back).
+void tst_cfg_file::loadOddFiles()
+{
+    QFETCH(QString, configuration);
+    QFETCH(QString, description);
+    QFETCH(QString, message);
+    QFETCH(QString, why);
+
+    QTemporaryDir tmpDir;
+    const QString dir = tmpDir.path();
+    const auto make = [&](const QString &what, const QString &path) {
+        if (what == "good")
+            return path.endsWith(".DescXML") ? QFile::copy(dataDir + "/golden.DescXML", path)
+                                             : writeFile(path, "<QUV_Config><DescriptionFile>odd."
+                                                               "DescXML</DescriptionFile></QUV_Config>");
+        if (what == "folder")
+            return QDir().mkdir(path);
+        if (what == "fifo")
+            return mkfifo(QFile::encodeName(path).constData(), 0600) == 0;
+        if (what == "device")
+            return QFile::link(QStringLiteral("/dev/zero"), path);
+        if (what == "huge") {
+            QFile f(path);
+            return f.open(QIODevice::WriteOnly) && f.resize(qint64(200) << 20);
+        }
+        if (what == "random")
+            return writeFile(path, QByteArray("\x8f<\x01>&q\xfe\x00 x").repeated(500));
+        return writeFile(path, QByteArray());
+    };
+    QVERIFY(make(configuration, dir + "/odd.CfgXML"));
+    QVERIFY(make(description, dir + "/odd.DescXML"));
+
+    QElapsedTimer clock;
+    clock.start();
+    const CfgLoad load = loadCfgFile(dir + "/odd.CfgXML", true, nullptr, QString());
+    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(!load.model);
+    QCOMPARE(recorder.messages,
+             QStringList{".CfgXML error: " + message.arg(dir) + '\n' + why.arg(dir)});
 }
 
 void tst_cfg_file::loadCfgWithoutSuffix()
@@ -942,8 +1062,9 @@ void tst_cfg_file::buildModelsErrors_data()
     QTest::addColumn<QByteArray>("description");
     QTest::addColumn<QString>("message");
 
-    QTest::newRow("not a description") << QByteArray("<OTHER/>")
-                                       << "error: Empty Description file'%1'?";
+    QTest::newRow("not a description")
+        << QByteArray("<OTHER/>")
+        << "error: Empty Description file'%1'?\nFile '%1' has no element DESCRIPTION.";
     QTest::newRow("no columns") << QByteArray("<DESCRIPTION><QUV_Config/><COLS/></DESCRIPTION>")
                                 << "error in Description file'%1'";
 }

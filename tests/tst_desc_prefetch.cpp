@@ -60,7 +60,7 @@ private slots:
     void initTestCase();
     void guess_data();
     void guess();
-    void guessOfMissingFile();
+    void guessOfNothing();
     void takesWhatWasStarted();
     void refusesAnotherPath();
     void takesOnce();
@@ -122,14 +122,16 @@ void tst_desc_prefetch::guess()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, expected);
-    const QString path = dir.filePath(QStringLiteral("guess.CfgXML"));
-    QVERIFY(writeFile(path, bytes));
-    QCOMPARE(guessDescPath(path), expected);
+    QCOMPARE(guessDescPath(bytes), expected);
 }
 
-void tst_desc_prefetch::guessOfMissingFile()
+// The path is looked for in the head of the file only.
+void tst_desc_prefetch::guessOfNothing()
 {
-    QCOMPARE(guessDescPath(dir.filePath(QStringLiteral("absent.CfgXML"))), QString());
+    QCOMPARE(guessDescPath(QByteArray()), QString());
+    const QByteArray far = QByteArray(64 * 1024, ' ') + "<DescriptionFile>a.DescXML</DescriptionFile>";
+    QCOMPARE(guessDescPath(far), QString());
+    QCOMPARE(guessDescPath(far.mid(100)), QStringLiteral("a.DescXML"));
 }
 
 void tst_desc_prefetch::takesWhatWasStarted()

@@ -1,6 +1,8 @@
 #include "expr/engine_fast/mup_parser.h"
 #include "expr/null_value.h"
 
+#include "long_texts.h"
+
 #include <QtTest>
 
 #include <cstdlib>
@@ -150,6 +152,8 @@ private slots:
     void variableChangesType();
     void errorPositionOfComputedValue();
     void longAndDeepExpressions();
+    void anyLengthAndDepth_data();
+    void anyLengthAndDepth();
     void randomTextsFailCleanly();
     void numericEvalAllocatesNothing();
 };
@@ -444,6 +448,46 @@ void tst_engine_fast_eval::longAndDeepExpressions()
                          + QString(2000, QLatin1Char(')'));
     p.SetExpr(deep);
     QCOMPARE(p.Eval().GetFloat(), 7.0);
+}
+
+// Far beyond what an analyst types: a value or the engine's error, read in
+// time linear in the length of the text (bench/expr_read shows the times).
+void tst_engine_fast_eval::anyLengthAndDepth_data()
+{
+    QTest::addColumn<QString>("expression");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("code"); // -1: no error
+    QTest::addColumn<int>("position");
+
+    QTest::newRow("1000000 terms") << longtext::sumOf(1000000) << 1e6 << -1 << 0;
+    QTest::newRow("1000000 operator letters")
+        << longtext::sumOf(1000000, QStringLiteral("a")).replace('+', QLatin1String("&&"))
+        << 1.0 << -1 << 0;
+    QTest::newRow("100000 parentheses") << longtext::nested(100000) << 1.0 << -1 << 0;
+    QTest::newRow("100000 conditionals") << longtext::nestedConditionals(100000) << 1.0 << -1 << 0;
+    QTest::newRow("1000000 open parentheses")
+        << QString(1000000, QLatin1Char('(')) << 0.0 << int(ecMISSING_PARENS) << 1000000;
+    QTest::newRow("unknown name of 1000000 letters")
+        << QString(1000000, QLatin1Char('b')) << 0.0 << int(ecUNASSIGNABLE_TOKEN) << 0;
+}
+
+void tst_engine_fast_eval::anyLengthAndDepth()
+{
+    QFETCH(QString, expression);
+    QFETCH(double, value);
+    QFETCH(int, code);
+    QFETCH(int, position);
+    Value a(1.0);
+    ParserX p;
+    p.DefineVar(QStringLiteral("a"), Variable(&a));
+    try {
+        p.SetExpr(expression);
+        QCOMPARE(p.Eval().GetFloat(), value);
+        QCOMPARE(code, -1);
+    } catch (const ParserError &e) {
+        QCOMPARE(int(e.GetCode()), code);
+        QCOMPARE(e.GetPos(), position);
+    }
 }
 
 // Texts made of random pieces: each either gives a value or a ParserError

@@ -5,6 +5,8 @@
 #include "expr/expr_context.h"
 #include "expr/null_value.h"
 
+#include "long_texts.h"
+
 #include <QtTest>
 
 #include <cmath>
@@ -79,6 +81,8 @@ private slots:
     void tooFewArguments_data();
     void tooFewArguments();
     void negatedNullLosesItsBits();
+    void anyLengthAndDepth_data();
+    void anyLengthAndDepth();
 };
 
 void tst_engine_fastest::values_data()
@@ -371,6 +375,41 @@ void tst_engine_fastest::negatedNullLosesItsBits()
     QVERIFY(!quva::isNull(r));
     QVERIFY(quva::isNaN(r));
     QCOMPARE(bitsText(evaluate("-_null")), bitsText(NEG_NULL));
+}
+
+// Far beyond what an analyst types: a value or a refusal, in time linear in
+// the length of the text (bench/expr_read shows the times).
+void tst_engine_fastest::anyLengthAndDepth_data()
+{
+    QTest::addColumn<QString>("expression");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("position"); // of the refusal; -2 for none
+
+    QTest::newRow("1000000 terms") << longtext::sumOf(1000000, "x") << 3e6 << -2;
+    QTest::newRow("100000 parentheses") << longtext::nested(100000, "x") << 3.0 << -2;
+    QTest::newRow("100000 conditionals") << longtext::nestedConditionals(100000, "x") << 1.0 << -2;
+    QTest::newRow("100000 functions")
+        << QStringLiteral("abs(").repeated(100000) + "z" + QString(100000, ')') << 2.5 << -2;
+    QTest::newRow("1000000 open parentheses") << QString(1000000, '(') << 0.0 << 1000000;
+    QTest::newRow("1000000 closing parentheses") << QString(1000000, ')') << 0.0 << 0;
+}
+
+void tst_engine_fastest::anyLengthAndDepth()
+{
+    QFETCH(QString, expression);
+    QFETCH(double, value);
+    QFETCH(int, position);
+    Vars vars;
+    ExprContext context;
+    mu::Parser p(&context);
+    bindAll(p, vars);
+    try {
+        p.SetExpr(expression.toStdWString());
+        QCOMPARE(p.Eval(), value);
+        QCOMPARE(position, -2);
+    } catch (const mu::ParserError &e) {
+        QCOMPARE(e.GetPos(), position);
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_engine_fastest)

@@ -2,6 +2,9 @@
 #include "shell/settings.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
+#include <QTextBlock>
+#include <QTimer>
 #include <QDir>
 #include <QFile>
 #include <QPlainTextEdit>
@@ -35,6 +38,24 @@ QStringList progressOf(const QSignalSpy &spy)
     for (const QList<QVariant> &args : spy)
         out << args.at(0).toString() + QLatin1Char('|') + args.at(1).toString();
     return out;
+}
+
+// The longest wait of the event loop while `running` holds: a timer asks
+// every 10 ms, and each late tick tells how long the loop was held.
+template <class Predicate> qint64 longestStall(Predicate running, int timeoutMs)
+{
+    QElapsedTimer clock, sinceTick;
+    clock.start();
+    sinceTick.start();
+    qint64 longest = 0;
+    QTimer tick;
+    QObject::connect(&tick, &QTimer::timeout, [&] {
+        longest = qMax(longest, sinceTick.restart());
+    });
+    tick.start(10);
+    while (running() && clock.elapsed() < timeoutMs)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return longest;
 }
 
 QByteArray unescape(const QString &text)
@@ -74,6 +95,9 @@ private slots:
     void autoScrollOnFollowsText();
     void soundNeedsTheme_data();
     void soundNeedsTheme();
+    void longLinesAreBroken();
+    void unrulyChildren_data();
+    void unrulyChildren();
 
 private:
     QPlainTextEdit *log(ExecutePanel &panel) { return panel.findChild<QPlainTextEdit *>("pteLog"); }
@@ -423,10 +447,12 @@ void tst_execute_panel::soundNeedsTheme()
     setSoundTheme(theme);
     playSound(3);
     if (plays) {
-        QTRY_COMPARE_WITH_TIMEOUT(QFile::exists(soundLog()), true, 5000);
-        QFile sounds(soundLog());
-        QVERIFY(sounds.open(QIODevice::ReadOnly));
-        QCOMPARE(sounds.readAll(), QByteArray("3\n"));
+        // The player may have made the file and not yet written its line.
+        const auto played = [this] {
+            QFile sounds(soundLog());
+            return sounds.open(QIODevice::ReadOnly) ? sounds.readAll() : QByteArray();
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(played(), QByteArray("3\n"), 5000);
     } else {
         // A sound that does play afterwards is the only line of the log:
         // the first call started no player.
@@ -437,6 +463,63 @@ void tst_execute_panel::soundNeedsTheme()
         QVERIFY(sounds.open(QIODevice::ReadOnly));
         QCOMPARE(sounds.readAll(), QByteArray("5\n"));
     }
+}
+
+// No line of the log grows beyond its limit, whatever the chunks; the
+// counter of a carriage return still replaces the last piece.
+void tst_execute_panel::longLinesAreBroken()
+{
+    ExecutePanel panel(nullptr, true);
+    panel.appendOutput(QByteArray(2500, 'a'));
+    panel.appendOutput(QByteArray(700, 'b') + "\nshort");
+    panel.appendOutput("\rlast");
+    const QStringList lines = log(panel)->toPlainText().split('\n');
+    QCOMPARE(lines, (QStringList{QString(1000, 'a'), QString(1000, 'a'),
+                                 QString(500, 'a') + QString(500, 'b'), QString(200, 'b'), "last"}));
+}
+
+void tst_execute_panel::unrulyChildren_data()
+{
+    QTest::addColumn<QStringList>("pieces");
+    QTest::addColumn<bool>("ends"); // on its own, or only when aborted
+
+    QTest::newRow("100 MB without a line end") << QStringList{"flood:100000000"} << true;
+    QTest::newRow("zero bytes and broken UTF-8") << QStringList{"garbage:20000000"} << true;
+    QTest::newRow("closes its output, goes on") << QStringList{"out:bye\\n", "close", "sleep:600000"}
+                                                << false;
+    QTest::newRow("never ends") << QStringList{"out:hello\\n", "sleep:600000"} << false;
+}
+
+// Programs that print without measure or never end: the window answers all
+// the while (the event loop is never held long), the log keeps its limits,
+// and the abort ends what does not end by itself.
+void tst_execute_panel::unrulyChildren()
+{
+    QFETCH(QStringList, pieces);
+    QFETCH(bool, ends);
+    ExecutePanel panel(nullptr, true);
+    QSignalSpy finished(&panel, &ExecutePanel::myFinishExe);
+    QElapsedTimer clock;
+    clock.start();
+    panel.execute(printer(), pieces, QDir::tempPath(), 0);
+    // One that does not end is watched for a second. The flood may take
+    // minutes in a sanitized build on a busy machine.
+    const qint64 stall =
+        longestStall([&] { return finished.isEmpty() && (ends || clock.elapsed() < 1000); }, 300000);
+    if (!ends) {
+        QVERIFY(finished.isEmpty());
+        QTest::mouseClick(abortButton(panel), Qt::LeftButton);
+        QVERIFY(finished.wait(10000));
+    }
+    QCOMPARE(finished.count(), 1);
+    QVERIFY2(stall < 1000, qPrintable(QString::number(stall)));
+    QPlainTextEdit *text = log(panel);
+    QVERIFY(text->blockCount() <= ExecutePanel::logMaxLines);
+    for (QTextBlock b = text->document()->begin(); b.isValid(); b = b.next())
+        QVERIFY(b.length() <= ExecutePanel::logMaxLineLength + 1);
+    QVERIFY(text->toPlainText().contains("Execution finished"));
+    qInfo("longest stall of the event loop: %lld ms; the log holds %d lines", stall,
+          text->blockCount());
 }
 
 QTEST_MAIN(tst_execute_panel)

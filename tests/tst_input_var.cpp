@@ -146,6 +146,10 @@ void tst_input_var::write_data()
     QTest::newRow("string, empty value")
         << InputVar(QStringLiteral("c"), QLatin1Char('N'), QString())
         << QByteArray("    <InputVar column='c' isNumber='0' meta='N' value=''/>\n");
+    // The letter a file gave may be a quote, which would end the value.
+    QTest::newRow("meta escaped")
+        << InputVar(QStringLiteral("q"), QLatin1Char('\''), 1.0)
+        << QByteArray("    <InputVar column='q' meta='&apos;' value='1'/>\n");
 }
 
 void tst_input_var::write()

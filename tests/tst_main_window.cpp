@@ -28,6 +28,8 @@
 
 #include <memory>
 
+#include <sys/stat.h>
+
 namespace {
 
 // Remembers what the window told the server.
@@ -131,6 +133,8 @@ private slots:
     void recentEntryOfMissingFileFails();
     void openFailureKeepsRecord_data();
     void openFailureKeepsRecord();
+    void openRefusesWhatIsNoFile_data();
+    void openRefusesWhatIsNoFile();
     void openDialogCancelled();
     void openByDialogAnnounces();
     void reopenSameFile();
@@ -640,6 +644,66 @@ void tst_main_window::openFailureKeepsRecord()
     QCOMPARE(questions.size(), 1);
     QCOMPARE(questions.at(0).title, QStringLiteral(".CfgXML error"));
     QVERIFY(broker.switches.isEmpty());
+    QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+}
+
+void tst_main_window::openRefusesWhatIsNoFile_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<bool>("description");
+    QTest::addColumn<QString>("reason");
+    const char *const kinds[][2] = {
+        {"folder", "is a folder, not a file."},
+        {"fifo", "is a FIFO (named pipe), not a regular file."},
+        {"device", "is a character device, not a regular file."},
+        {"unreadable", "cannot be read: Input/output error."},
+    };
+    for (const auto &kind : kinds) {
+        QTest::newRow(qPrintable(QStringLiteral("configuration: ") + kind[0]))
+            << kind[0] << false << QString::fromLatin1(kind[1]);
+        QTest::newRow(qPrintable(QStringLiteral("description: ") + kind[0]))
+            << kind[0] << true << QString::fromLatin1(kind[1]);
+    }
+}
+
+// Open given a folder, a FIFO that nobody writes, a device or a file that
+// cannot be read: one box names the file and the reason, at once, and the
+// open record and the folder stay as they were.
+void tst_main_window::openRefusesWhatIsNoFile()
+{
+    QFETCH(QString, kind);
+    QFETCH(bool, description);
+    QFETCH(QString, reason);
+    auto w = makeWindow();
+    const QString good = makeConfig("good.CfgXML");
+    w->openConfigFile(good, false);
+    CfgModel *before = w->cfg();
+    const QString odd = files->filePath(description ? "odd.DescXML" : "odd.CfgXML");
+    if (kind == "folder")
+        QVERIFY(QDir().mkdir(odd));
+    else if (kind == "fifo")
+        QCOMPARE(::mkfifo(QFile::encodeName(odd).constData(), 0600), 0);
+    else if (kind == "device")
+        QVERIFY(QFile::link("/dev/zero", odd));
+    else // read at offset 0, where nothing is mapped: refused even to root
+        QVERIFY(QFile::link("/proc/self/mem", odd));
+    const QStringList entries = QDir(files->path()).entryList(QDir::AllEntries | QDir::Hidden);
+    const QStringList recent = settingsStringList(recentCfgXmlKey());
+    QElapsedTimer clock;
+    clock.start();
+    if (description)
+        w->openDescriptionFile(odd, true);
+    else
+        w->openConfigFile(odd, true);
+    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    QCOMPARE(w->cfg(), before);
+    QCOMPARE(w->cfg()->cfgFileName, good);
+    QCOMPARE(questions.size(), 1);
+    QCOMPARE(questions.at(0).icon, QMessageBox::Critical);
+    QVERIFY2(questions.at(0).text.contains(QStringLiteral("File '%1' %2").arg(odd, reason)),
+             qPrintable(questions.at(0).text));
+    QCOMPARE(QDir(files->path()).entryList(QDir::AllEntries | QDir::Hidden), entries);
+    QCOMPARE(settingsStringList(recentCfgXmlKey()), recent);
     QVERIFY(QGuiApplication::overrideCursor() == nullptr);
 }
 

@@ -11,7 +11,10 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QElapsedTimer>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -42,6 +45,7 @@ private slots:
     void cancelRestoresAcceptedState();
     void loadFile_data();
     void loadFile();
+    void oddListFiles();
     void returnInFileNameLoads();
     void execIsReused();
     void browseLoadsChosenFile();
@@ -258,6 +262,25 @@ void tst_var_list_window::loadFile()
     fileName(w)->setText(exists ? writeFile(bytes) : home.path() + "/missing.txt");
     w.loadVariableFile();
     QCOMPARE(list(w)->toPlainText(), expected.replace("\r\n", "\n"));
+}
+
+// A list file that is no regular file leaves the list as it was, at once:
+// nothing waits on a FIFO that nobody writes, nothing reads a device.
+void tst_var_list_window::oddListFiles()
+{
+    const QString fifo = home.path() + "/list.fifo";
+    QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    for (const QString &path : {fifo, QStringLiteral("/dev/zero"), home.path()}) {
+        VarListWindow w;
+        list(w)->setPlainText("old");
+        fileName(w)->setText(path);
+        QElapsedTimer clock;
+        clock.start();
+        w.loadVariableFile();
+        QVERIFY(clock.elapsed() < 1000);
+        QCOMPARE(list(w)->toPlainText(), QStringLiteral("old"));
+    }
+    QFile::remove(fifo);
 }
 
 void tst_var_list_window::returnInFileNameLoads()

@@ -4,9 +4,15 @@
 #include "xml_test_support.h"
 
 #include "text/code_page.h"
+#include "xml/file_read.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QtTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 using xmltest::dump;
 
@@ -38,6 +44,9 @@ private slots:
     void readDatasourceAgainAsUtf8();
     void readDatasourceKeptWithoutFlag();
     void readMissingFile();
+    void readSays_data();
+    void readSays();
+    void readStopsAtTheLimit();
     void toUtf8FromWideText();
     void codePage();
     void xmlcat_data();
@@ -176,6 +185,143 @@ void tst_xml_file::readMissingFile()
     QVERIFY(readXmlFile(dataPath("no_such_file.xml"), nullptr, &isUtf8).isEmpty());
 }
 
+namespace {
+
+// A folder with a FIFO that nobody writes, a huge sparse file and files of
+// every other kind that a configuration may turn out to be.
+struct Oddities
+{
+    QTemporaryDir dir;
+    bool ok = dir.isValid();
+
+    Oddities()
+    {
+        ok = ok && mkfifo(QFile::encodeName(path("fifo")).constData(), 0600) == 0;
+        QFile huge(path("huge.xml"));
+        ok = ok && huge.open(QIODevice::WriteOnly) && huge.resize(qint64(200) << 20);
+        ok = ok && writeBytes("empty.xml", QByteArray()) && writeBytes("random.xml", randomBytes());
+        ok = ok && writeBytes("other.xml", "<other/>") && QDir().mkdir(path("folder"));
+    }
+    QString path(const char *name) const { return dir.filePath(QLatin1String(name)); }
+    // An absolute path as it stands, a name inside the folder.
+    QString resolve(const QString &name) const
+    {
+        return name.startsWith('/') ? name : dir.filePath(name);
+    }
+    bool writeBytes(const char *name, const QByteArray &bytes) const
+    {
+        QFile f(path(name));
+        return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
+    }
+    static QByteArray randomBytes()
+    {
+        QByteArray bytes(4096, 0);
+        quint32 x = 12345;
+        for (char &c : bytes) {
+            x = x * 1664525u + 1013904223u;
+            c = static_cast<char>(x >> 24);
+        }
+        return bytes;
+    }
+};
+
+} // namespace
+
+void tst_xml_file::readSays_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("problem");
+    QTest::addColumn<QString>("sentence");
+
+    const auto row = [](const char *tag, const char *name, XmlFileProblem problem,
+                        const char *sentence) {
+        QTest::newRow(tag) << QString::fromLatin1(name) << int(problem)
+                           << QString::fromLatin1(sentence);
+    };
+    row("folder", "folder", XmlFileProblem::folder, "File '%1' is a folder, not a file.");
+    row("FIFO without writer", "fifo", XmlFileProblem::notRegular,
+        "File '%1' is a FIFO (named pipe), not a regular file.");
+    row("character device", "/dev/zero", XmlFileProblem::notRegular,
+        "File '%1' is a character device, not a regular file.");
+    row("200 MB", "huge.xml", XmlFileProblem::tooLarge,
+        "File '%1' is larger than 128 MiB, the most that is read of a file.");
+    row("missing", "absent.xml", XmlFileProblem::notFound, "File '%1' does not exist.");
+    row("below a file", "empty.xml/x", XmlFileProblem::notFound, "File '%1' does not exist.");
+    // Read at offset 0, where nothing is mapped: refused even to root.
+    row("unreadable", "/proc/self/mem", XmlFileProblem::unreadable,
+        "File '%1' cannot be read: Input/output error.");
+    // Read, but no tree of that root.
+    row("empty", "empty.xml", XmlFileProblem::empty, "File '%1' is empty.");
+    row("random bytes", "random.xml", XmlFileProblem::rootMissing,
+        "File '%1' has no element QUV_Config.");
+    row("syntax error", QUVA_TEST_DATA "/xml/broken.xml", XmlFileProblem::notXml,
+        "File '%1' is not XML that can be read: error at line 2, column 8.");
+    row("other root", "other.xml", XmlFileProblem::rootMissing,
+        "File '%1' has no element QUV_Config.");
+}
+
+// Each gives its reason at once: nothing hangs on the FIFO, nothing reads
+// the device or the huge file to its end.
+void tst_xml_file::readSays()
+{
+    QFETCH(QString, name);
+    QFETCH(int, problem);
+    QFETCH(QString, sentence);
+    const Oddities odd;
+    QVERIFY(odd.ok);
+    const QString path = odd.resolve(name);
+    QElapsedTimer clock;
+    clock.start();
+    QByteArray bytes("left over");
+    XmlFileFailure read;
+    const bool readable = readWholeFile(path, &bytes, &read);
+    XmlFileFailure failure;
+    failure.problem = XmlFileProblem::folder; // must be replaced
+    QVERIFY(readXmlFile(path, "QUV_Config", nullptr, &failure).isEmpty());
+    XmlResult result;
+    const XmlNode raw = parseXmlFile(QFile::encodeName(path).constData(), nullptr, &result);
+    QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+    QCOMPARE(int(failure.problem), problem);
+    QCOMPARE(describeXmlFileFailure(failure), sentence.arg(path));
+    QCOMPARE(failure.path, path);
+    // The last three are files that were read whole.
+    QCOMPARE(readable, problem == int(XmlFileProblem::empty) || problem == int(XmlFileProblem::notXml)
+                           || problem == int(XmlFileProblem::rootMissing));
+    if (!readable) {
+        QVERIFY(bytes.isEmpty());
+        QCOMPARE(int(read.problem), problem);
+        QCOMPARE(result.status, int(XmlResult::fileNotFound));
+        QVERIFY(raw.isEmpty());
+    }
+
+    XmlFileFailure none;
+    QVERIFY(!readXmlFile(dataPath("small.xml"), "ROOT", nullptr, &none).isEmpty());
+    QCOMPARE(int(none.problem), int(XmlFileProblem::none));
+    QCOMPARE(describeXmlFileFailure(none), QString());
+}
+
+// A file that grows beyond the limit while it is read, as a device would,
+// is cut off there: here a file of /proc, whose size says 0.
+void tst_xml_file::readStopsAtTheLimit()
+{
+    QByteArray bytes;
+    XmlFileFailure failure;
+    QVERIFY(readWholeFile(QStringLiteral("/proc/self/status"), &bytes, &failure));
+    QVERIFY(bytes.contains("Name:"));
+    QCOMPARE(int(failure.problem), int(XmlFileProblem::none));
+
+    QTemporaryDir dir;
+    const QString path = dir.filePath("limit.xml");
+    QFile exact(path);
+    QVERIFY(exact.open(QIODevice::WriteOnly) && exact.resize(xmlFileSizeLimit));
+    exact.close();
+    QVERIFY(readWholeFile(path, &bytes, &failure));
+    QCOMPARE(qint64(bytes.size()), xmlFileSizeLimit);
+    QVERIFY(exact.resize(xmlFileSizeLimit + 1));
+    QVERIFY(!readWholeFile(path, &bytes, &failure));
+    QCOMPARE(int(failure.problem), int(XmlFileProblem::tooLarge));
+}
+
 void tst_xml_file::toUtf8FromWideText()
 {
     char *s = toUtf8FromWide(L"a\u00e9\u20ac\U0001F600");
@@ -236,8 +382,22 @@ void tst_xml_file::xmlcat_data()
         << QByteArray("status 0 line 0 column 0\n");
     QTest::newRow("broken file") << QStringList{dataPath("broken.xml")} << 1 << QByteArray()
                                  << QByteArray("status 6 line 2 column 8\n");
-    QTest::newRow("missing file") << QStringList{dataPath("no_such_file.xml")} << 1 << QByteArray()
-                                  << QByteArray("status 10 line 0 column 0\n");
+    QTest::newRow("missing file")
+        << QStringList{dataPath("no_such_file.xml")} << 1 << QByteArray()
+        << "quva-xmlcat: File '" + dataPath("no_such_file.xml").toUtf8()
+               + "' does not exist.\nstatus 10 line 0 column 0\n";
+    QTest::newRow("empty file") << QStringList{dataPath("empty.xml")} << 1 << QByteArray()
+                                << "quva-xmlcat: File '" + dataPath("empty.xml").toUtf8()
+                                       + "' is empty.\nstatus 3 line 0 column 0\n";
+    QTest::newRow("folder") << QStringList{QStringLiteral(QUVA_TEST_DATA)} << 1 << QByteArray()
+                            << QByteArray("quva-xmlcat: File '" QUVA_TEST_DATA
+                                          "' is a folder, not a file.\nstatus 10 line 0 column 0\n");
+    QTest::newRow("device") << QStringList{"/dev/zero"} << 1 << QByteArray()
+                            << QByteArray("quva-xmlcat: File '/dev/zero' is a character device, "
+                                          "not a regular file.\nstatus 10 line 0 column 0\n");
+    QTest::newRow("unreadable") << QStringList{"/proc/self/mem"} << 1 << QByteArray()
+                                << QByteArray("quva-xmlcat: File '/proc/self/mem' cannot be read: "
+                                              "Input/output error.\nstatus 10 line 0 column 0\n");
     QTest::newRow("no arguments") << QStringList{} << 2 << QByteArray()
                                   << QByteArray("usage: quva-xmlcat [--root NAME] FILE\n");
     QTest::newRow("root without name") << QStringList{"--root"} << 2 << QByteArray()

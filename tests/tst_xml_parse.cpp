@@ -26,6 +26,8 @@ private slots:
     void tokens();
     void utf8SizeTableBoundaries();
     void manyChildrenLineAndColumn();
+    void deepNesting_data();
+    void deepNesting();
 };
 
 // Rows: input, tag, expected tree, expected status.
@@ -384,6 +386,41 @@ void tst_xml_parse::manyChildrenLineAndColumn()
     QCOMPARE(result.status, int(XmlResult::unmatchedEndTag));
     QCOMPARE(result.line, 2);
     QCOMPARE(result.column, 7);
+}
+
+// Far deeper than the machine's stack allowed when elements were read by
+// recursion (about 30,800 levels): open elements wait on the reader's own
+// stack, and the tree is released the same way.
+void tst_xml_parse::deepNesting_data()
+{
+    QTest::addColumn<int>("depth");
+    QTest::addColumn<bool>("closed");
+
+    QTest::newRow("200000 levels closed") << 200000 << true;
+    QTest::newRow("200000 levels left open") << 200000 << false;
+}
+
+void tst_xml_parse::deepNesting()
+{
+    QFETCH(int, depth);
+    QFETCH(bool, closed);
+    QByteArray text = QByteArray("<a>").repeated(depth) + "x";
+    if (closed)
+        text += QByteArray("</a>").repeated(depth);
+    XmlResult result;
+    const XmlNode node = parseXmlText(text.constData(), nullptr, &result);
+    QCOMPARE(result.status, closed ? 0 : int(XmlResult::missingEndTag));
+    QCOMPARE(result.line, closed ? 0 : 1);
+    QCOMPARE(result.column, closed ? 0 : text.size() + 1);
+    int levels = 0;
+    XmlNode last;
+    for (XmlNode n = node; !n.isEmpty(); n = n.childAt(0)) {
+        QCOMPARE(n.childCount() + n.textCount(), 1);
+        last = n;
+        ++levels;
+    }
+    QCOMPARE(levels, depth);
+    QCOMPARE(QByteArray(last.textAt(0)), QByteArray("x"));
 }
 
 QTEST_GUILESS_MAIN(tst_xml_parse)

@@ -32,6 +32,7 @@ private slots:
     void removeClearLowersIndexes();
     void growthRuleAndCompaction();
     void parsedArraysAreCompacted();
+    void deepTreeReleased();
 };
 
 void tst_xml_tree::emptyNodeChains()
@@ -337,6 +338,30 @@ void tst_xml_tree::parsedArraysAreCompacted()
     QVERIFY(malloc_usable_size(root.data()->children) < 130 * sizeof(XmlNodeData *));
     QVERIFY(malloc_usable_size(root.data()->order) < 130 * sizeof(int));
     QVERIFY(malloc_usable_size(root.childAt(0).data()->attributes) < 5 * sizeof(XmlAttribute));
+}
+
+// A million levels are released and removed without recursion. A handle on
+// a body in the middle keeps it alive as a root when the top half goes.
+void tst_xml_tree::deepTreeReleased()
+{
+    const int depth = 1000000;
+    XmlNode root = XmlNode::adopt(createNode(nullptr, strdup("a"), false));
+    XmlNodeData *n = root.data();
+    XmlNodeData *middle = nullptr;
+    for (int i = 1; i < depth; ++i) {
+        n = addChild(n, strdup("a"), false, -1, xmlGrowthStep);
+        if (i == depth / 2)
+            middle = n;
+    }
+    const XmlNode kept(middle);
+    XmlNode below = kept.childAt(0);
+    root = XmlNode();
+    QVERIFY(kept.parent().isEmpty());
+    QCOMPARE(kept.childCount(), 1);
+    below.removeFromTree();
+    QCOMPARE(kept.childCount(), 0);
+    QVERIFY(below.name() == nullptr);
+    QCOMPARE(below.childCount(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_xml_tree)

@@ -25,10 +25,14 @@ private slots:
     void roundTripRandom();
     void escape_data();
     void escape();
+    void escapeName_data();
+    void escapeName();
     void escapeReusesBuffer();
     void escapeNull();
     void serializeMeasures();
     void formatNeedsStrippedInput();
+    void indentationStopsAtTheLimit();
+    void deepTreeWritten();
 };
 
 void tst_xml_write::write_data()
@@ -312,6 +316,34 @@ void tst_xml_write::escape_data()
     QTest::newRow("cut three-byte") << QByteArray("\xE2\x82") << QByteArray("_\x82");
     QTest::newRow("lone continuation") << QByteArray("\x80x") << QByteArray("\x80x");
     QTest::newRow("empty") << QByteArray("") << QByteArray("");
+    // A lead byte, as "&#231;" leaves it in a tree, before bytes that
+    // continue no character: each is written on its own.
+    QTest::newRow("false character") << QByteArray("\xE7</") << QByteArray("&#231;&lt;/");
+    QTest::newRow("false character, last")
+        << QByteArray("a\xC3'b") << QByteArray("a&#195;&apos;b");
+}
+
+// Names have no entities: a false character in a name goes whole.
+void tst_xml_write::escapeName_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QByteArray>("written");
+
+    QTest::newRow("plain") << QByteArray("a-b.c") << QByteArray("a-b.c");
+    QTest::newRow("whole characters") << QByteArray("\xC3\xA9t\xC3\xA9") << QByteArray("\xC3\xA9t\xC3\xA9");
+    QTest::newRow("false character") << QByteArray("a\xE7</b") << QByteArray("a_b");
+    QTest::newRow("cut at the end") << QByteArray("ab\xE2\x82") << QByteArray("ab_");
+    QTest::newRow("lone quote first") << QByteArray("\"v") << QByteArray("_v");
+    QTest::newRow("quote later") << QByteArray("v\"") << QByteArray("v\"");
+}
+
+void tst_xml_write::escapeName()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QByteArray, written);
+    QByteArray out(encodeName(name.constData(), nullptr), 0);
+    encodeName(name.constData(), out.data());
+    QCOMPARE(out, written);
 }
 
 void tst_xml_write::escape()
@@ -371,6 +403,40 @@ void tst_xml_write::formatNeedsStrippedInput()
     xmlOptions.stripWhitespace = true;
     QCOMPARE(written, QByteArray("<a><b/></a>"));
     QCOMPARE(text(node, true), QByteArray("<a>\n\t<b/>\n</a>\n"));
+}
+
+// Deeper elements keep the indentation of the limit.
+void tst_xml_write::indentationStopsAtTheLimit()
+{
+    const int depth = xmlIndentLimit + 8;
+    const QByteArray input = QByteArray("<a>").repeated(depth) + "x";
+    const XmlNode node = parseXmlText(input.constData(), nullptr, nullptr);
+    const QList<QByteArray> lines = text(node, true).split('\n');
+    QCOMPARE(lines.size(), 2 * depth); // the last line break ends an empty line
+    for (int k = 0; k < depth; ++k) {
+        const QByteArray tabs(qMin(k, xmlIndentLimit), '\t');
+        const QByteArray expected = k + 1 < depth ? tabs + "<a>" : tabs + "<a>x</a>";
+        QCOMPARE(lines.at(k), expected);
+        if (k + 1 < depth)
+            QCOMPARE(lines.at(2 * depth - 2 - k), tabs + "</a>");
+    }
+}
+
+// A tree far deeper than the machine's stack allows for recursion is
+// written whole, and formatted in a text linear in its depth.
+void tst_xml_write::deepTreeWritten()
+{
+    const int depth = 200000;
+    const QByteArray input = QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+    const XmlNode node = parseXmlText(input.constData(), nullptr, nullptr);
+    QCOMPARE(text(node, false),
+             QByteArray("<a>").repeated(depth - 1) + "<a/>" + QByteArray("</a>").repeated(depth - 1));
+    // Every element with a child: an opening and a closing line; the last
+    // one a single line.
+    qint64 expected = qMin(depth - 1, xmlIndentLimit) + 5;
+    for (int k = 0; k + 1 < depth; ++k)
+        expected += 2 * qMin(k, xmlIndentLimit) + 9;
+    QCOMPARE(qint64(text(node, true).size()), expected);
 }
 
 QTEST_GUILESS_MAIN(tst_xml_write)

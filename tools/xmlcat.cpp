@@ -1,7 +1,9 @@
 // quva-xmlcat [--root NAME] FILE
 // Parses FILE with the program's XML reader and writes the tree back,
-// formatted, on standard output; the parse report goes to standard error.
+// formatted, on standard output; the parse report goes to standard error,
+// behind a sentence on what is wrong with a file that could not be read.
 
+#include "xml/file_read.h"
 #include "xml/xml_node.h"
 
 #include <cstdio>
@@ -71,7 +73,13 @@ int main(int argc, char **argv)
     if (path == nullptr)
         return usage();
     XmlResult result;
-    const XmlNode node = parseXmlFile(path, root, &result);
+    XmlFileFailure failure;
+    const XmlNode node = parseXmlFile(path, root, &result, &failure);
+    // A file that could not be read at all is told in words.
+    if (result.status == XmlResult::fileNotFound || result.status == XmlResult::emptyFile) {
+        const QByteArray why = describeXmlFileFailure(failure).toLocal8Bit();
+        fprintf(stderr, "quva-xmlcat: %s\n", why.constData());
+    }
     int size = 0;
     if (char *text = node.xmlText(true, &size)) {
         fwrite(text, 1, size, stdout);

@@ -1,6 +1,7 @@
 #include "xml/xml_file.h"
 
 #include "text/code_page.h"
+#include "xml/file_read.h"
 #include "xml/xml_node.h"
 
 #include <QFile>
@@ -86,6 +87,23 @@ void rereadUtf8Datasource(XmlNode &root, const QByteArray &raw)
     root.addChildNode(fresh, -1);
 }
 
+// Why a file that was read gave no tree.
+void explainEmptyTree(XmlFileFailure *failure, const QByteArray &raw, const char *tag,
+                      const XmlResult &result)
+{
+    if (failure == nullptr)
+        return;
+    if (raw.isEmpty()) {
+        failure->problem = XmlFileProblem::empty;
+    } else if (result.status == XmlResult::rootNotFound) {
+        failure->problem = XmlFileProblem::rootMissing;
+        failure->root = tag;
+    } else {
+        failure->problem = XmlFileProblem::notXml;
+        failure->parse = result;
+    }
+}
+
 } // namespace
 
 char *toUtf8FromWide(const wchar_t *text)
@@ -107,65 +125,67 @@ char *toUtf8FromWide(const wchar_t *text)
     return result;
 }
 
-XmlNode parseXmlFile(const char *path, const char *tag, XmlResult *result)
+XmlNode parseXmlFile(const char *path, const char *tag, XmlResult *result,
+                     XmlFileFailure *failure)
 {
-    FILE *file = path ? fopen(path, "rb") : nullptr;
-    if (file == nullptr)
+    QByteArray raw;
+    if (path == nullptr) {
+        setXmlFileFailure(failure, QString(), XmlFileProblem::notFound);
         return failed(result, XmlResult::fileNotFound);
-    fseek(file, 0, SEEK_END);
-    const long size = ftell(file);
-    if (size <= 0) {
-        fclose(file);
+    }
+    if (!readWholeFile(QFile::decodeName(path), &raw, failure))
+        return failed(result, XmlResult::fileNotFound);
+    if (raw.isEmpty()) {
+        setXmlFileFailure(failure, QFile::decodeName(path), XmlFileProblem::empty);
         return failed(result, XmlResult::emptyFile);
     }
-    fseek(file, 0, SEEK_SET);
+    const long got = raw.size();
     // Four zero bytes end a text of any width.
-    char *buffer = static_cast<char *>(malloc(size + 4));
-    const long got = static_cast<long>(fread(buffer, 1, size, file));
-    fclose(file);
-    memset(buffer + got, 0, 4);
+    raw.append(4, 0);
+    const char *buffer = raw.constData();
     long skip = 0;
     const bool wide = xmlOptions.guessUnicode && looksLikeUtf16(buffer, got);
     if (startsWith(buffer, got, "\xEF\xFF", 2) || startsWith(buffer, got, "\xFF\xFE", 2))
         skip = 2;
     else if (startsWith(buffer, got, "\xEF\xBB\xBF", 3) && !wide)
         skip = 3;
-    XmlNode node;
-    if (wide) {
-        char *converted = toUtf8FromWide(wideFromUtf16(buffer + skip).c_str());
-        if (converted == nullptr) {
-            free(buffer);
-            return failed(result, XmlResult::conversionFailed);
-        }
-        node = parseXmlText(converted, tag, result);
-        free(converted);
-    } else {
-        node = parseXmlText(buffer + skip, tag, result);
-    }
-    free(buffer);
+    if (!wide)
+        return parseXmlText(buffer + skip, tag, result);
+    char *converted = toUtf8FromWide(wideFromUtf16(buffer + skip).c_str());
+    if (converted == nullptr)
+        return failed(result, XmlResult::conversionFailed);
+    XmlNode node = parseXmlText(converted, tag, result);
+    free(converted);
     return node;
 }
 
-XmlNode readXmlFile(const QString &path, const char *tag, bool *isUtf8)
+XmlNode parseXmlFileBytes(const QByteArray &raw, const char *tag, bool *isUtf8,
+                          const QString &path, XmlFileFailure *failure)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return XmlNode();
-    const QByteArray raw = file.readAll();
-    file.close();
+    setXmlFileFailure(failure, path, XmlFileProblem::none);
+    XmlResult result;
+    XmlNode root;
     if (raw.startsWith("\xEF\xBB\xBF")) {
-        if (isUtf8)
-            *isUtf8 = true;
-        return parseXmlText(raw.constData() + 3, tag, nullptr);
+        root = parseXmlText(raw.constData() + 3, tag, &result);
+    } else if (isValidUtf8(raw.constData(), raw.size())) {
+        root = parseXmlText(raw.constData(), tag, &result);
+    } else {
+        const QByteArray text = windows1252ToUtf8(raw.constData(), raw.size());
+        root = parseXmlText(text.constData(), tag, &result);
     }
     if (isUtf8)
-        *isUtf8 = false;
-    XmlNode root;
-    if (isValidUtf8(raw.constData(), raw.size()))
-        root = parseXmlText(raw.constData(), tag, nullptr);
-    else
-        root =
-            parseXmlText(windows1252ToUtf8(raw.constData(), raw.size()).constData(), tag, nullptr);
-    rereadUtf8Datasource(root, raw);
+        *isUtf8 = raw.startsWith("\xEF\xBB\xBF");
+    if (!raw.startsWith("\xEF\xBB\xBF"))
+        rereadUtf8Datasource(root, raw);
+    if (root.isEmpty())
+        explainEmptyTree(failure, raw, tag, result);
     return root;
+}
+
+XmlNode readXmlFile(const QString &path, const char *tag, bool *isUtf8, XmlFileFailure *failure)
+{
+    QByteArray raw;
+    if (!readWholeFile(path, &raw, failure))
+        return XmlNode();
+    return parseXmlFileBytes(raw, tag, isUtf8, path, failure);
 }

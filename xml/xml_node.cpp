@@ -187,17 +187,50 @@ void freeOwnContent(XmlNodeData *node)
     node->parent = parent;
 }
 
-// Destroys the content of the whole subtree at once, whatever the counts.
-void destroySubtree(XmlNodeData *node)
+// Releases and destroys run without recursion, whatever the depth of the
+// tree: bodies waiting to be taken apart are chained through their `parent`
+// field, which they no longer need.
+void pushPending(XmlNodeData *&pending, XmlNodeData *node)
+{
+    node->parent = pending;
+    pending = node;
+}
+
+XmlNodeData *popPending(XmlNodeData *&pending)
+{
+    XmlNodeData *node = pending;
+    pending = node->parent;
+    node->parent = nullptr;
+    return node;
+}
+
+// Each child loses its parent and the parent's reference; a child that
+// held no other is queued to be freed as well.
+void releaseChildren(XmlNodeData *node, XmlNodeData *&pending)
 {
     for (int i = 0; i < node->childCount; ++i) {
         XmlNodeData *child = node->children[i];
         child->parent = nullptr;
-        destroySubtree(child);
         if (--child->refCount == 0)
-            free(child);
+            pushPending(pending, child);
     }
-    freeOwnContent(node);
+}
+
+// Destroys the content of the whole subtree at once, whatever the counts:
+// every descendant is emptied, and freed when the parent's reference was
+// the last one on it.
+void destroySubtree(XmlNodeData *node)
+{
+    XmlNodeData *pending = nullptr;
+    XmlNodeData *n = node;
+    while (n != nullptr) {
+        for (int i = 0; i < n->childCount; ++i)
+            pushPending(pending, n->children[i]); // each keeps the parent's reference till then
+        freeOwnContent(n);
+        if (n != node && --n->refCount == 0)
+            free(n);
+        n = pending ? popPending(pending) : nullptr;
+    }
 }
 
 bool isAncestorOrSelf(const XmlNodeData *candidate, const XmlNodeData *node)
@@ -298,13 +331,13 @@ void releaseNode(XmlNodeData *node)
     if (node == nullptr || --node->refCount > 0)
         return;
     detachFromParent(node);
-    for (int i = 0; i < node->childCount; ++i) {
-        XmlNodeData *child = node->children[i];
-        child->parent = nullptr;
-        releaseNode(child);
+    XmlNodeData *pending = node;
+    while (pending) {
+        XmlNodeData *n = popPending(pending);
+        releaseChildren(n, pending);
+        freeOwnContent(n);
+        free(n);
     }
-    freeOwnContent(node);
-    free(node);
 }
 
 XmlNode::XmlNode(XmlNodeData *data) : d(data)

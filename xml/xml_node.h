@@ -109,7 +109,9 @@ public:
     void removeFromTree();
 
     // The node as text; a new string the caller frees, or null for the empty
-    // node. `format` indents with tabs when white space is stripped on input.
+    // node. `format` indents with tabs when white space is stripped on input,
+    // up to xmlIndentLimit tabs. Null as well for a text of 2 GiB or more,
+    // whose size no int holds, or when memory runs out.
     char *xmlText(bool format, int *size = nullptr) const;
 
 private:
@@ -119,6 +121,12 @@ private:
 // The empty node, for callers that want a reference to one.
 extern const XmlNode xmlEmptyNode;
 
+// Indentation stops growing at this many tabs: deeper elements are written
+// at the same indentation, so that a formatted text stays linear in the size
+// of the tree however deep it is. The program's own files nest a few levels.
+constexpr int xmlIndentLimit = 32;
+
 // Writes the node into `buffer`, or only measures when it is null. `format`
-// is -1 for none, or the depth in tabs. Returns the length.
-int serializeNode(const XmlNodeData *node, char *buffer, int format);
+// is -1 for none, or the depth in tabs. Returns the length. Any depth is
+// written without recursion.
+long long serializeNode(const XmlNodeData *node, char *buffer, int format);

@@ -1,4 +1,6 @@
-// The recursive reader of elements and the entry point on a text.
+// The reader of elements and the entry point on a text. Open elements are
+// kept on a stack of their own, not on the machine's: a file nested a
+// million levels deep is read like any other, in memory linear in its size.
 
 #include "xml/xml_node.h"
 
@@ -6,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <strings.h>
+#include <vector>
 
 namespace {
 
@@ -154,14 +157,24 @@ void skipBodyText(XmlParseState *state)
     state->index = cursorOf(state, p);
 }
 
+// A name that is the mark alone ("<??>") keeps it: an empty name would be
+// written back as "<? ", which reads as a tag without a name.
 void dropTrailingQuestionMark(char *name)
 {
     const size_t length = name ? strlen(name) : 0;
-    if (length > 0 && name[length - 1] == '?')
+    if (length > 1 && name[length - 1] == '?')
         name[length - 1] = 0;
 }
 
 enum class AttributeState { expectName, haveName, haveEquals };
+
+// What a step of an element's reader asks of the loop in parseElement.
+enum StepResult : int {
+    stepFail = -1,    // the parse is over
+    stepClosed = 0,   // the element is closed; its parent goes on
+    stepGoOn = 1,     // read the next token of this element
+    stepDescend = 2,  // a child was opened: read it before going on here
+};
 
 struct ElementReader
 {
@@ -170,8 +183,10 @@ struct ElementReader
     bool inBody;
     AttributeState attributeState = AttributeState::expectName;
     XmlToken attributeName;
+    XmlNodeData *child = nullptr; // the child that stepDescend opened
 
-    // Each returns 1 to go on, 0 for "return true", -1 for "return false".
+    int step();
+    int afterChild();
     int onEnd();
     int onChild(bool declaration, const XmlToken &token);
     int onCloseTag(const XmlToken &token);
@@ -182,6 +197,25 @@ struct ElementReader
     void addValuelessAttribute();
 };
 
+// Reads one token of the element and acts on it.
+int ElementReader::step()
+{
+    if (inBody)
+        skipBodyText(state);
+    const XmlToken token = nextToken(state);
+    if (token.kind == XmlTokenKind::end)
+        return onEnd();
+    if (!inBody)
+        return inTag(token);
+    if (token.kind == XmlTokenKind::open || token.kind == XmlTokenKind::declStart)
+        return onChild(token.kind == XmlTokenKind::declStart, token);
+    if (token.kind == XmlTokenKind::closeStart)
+        return onCloseTag(token);
+    if (token.kind == XmlTokenKind::clear)
+        return onClear(token);
+    return stepGoOn;
+}
+
 int ElementReader::onEnd()
 {
     if (!node->isDeclaration && node->parent) {
@@ -189,43 +223,46 @@ int ElementReader::onEnd()
         state->errorIndex = state->index;
     }
     addPendingText(node, state, cursor(state));
-    return -1;
+    return stepFail;
 }
 
 int ElementReader::onChild(bool declaration, const XmlToken &token)
 {
     if (addPendingText(node, state, token.start))
-        return -1;
+        return stepFail;
     const XmlToken name = nextToken(state);
     if (name.kind != XmlTokenKind::text) {
         state->status = XmlResult::missingTagName;
-        return -1;
+        return stepFail;
     }
-    XmlNodeData *child =
-        addChild(node, copyBytes(name.start, name.length), declaration, -1, xmlGrowthStep);
-    if (!parseElement(child, state))
-        return -1;
+    child = addChild(node, copyBytes(name.start, name.length), declaration, -1, xmlGrowthStep);
+    return stepDescend;
+}
+
+// The child opened last has closed. A closing tag that did not fit it
+// travels up to the element it belongs to.
+int ElementReader::afterChild()
+{
     if (state->endTagLength == 0)
-        return 1;
-    // A closing tag travels up to the element it belongs to.
+        return stepGoOn;
     if (node->name == nullptr) {
         state->status = XmlResult::unmatchedEndTag;
-        return -1;
+        return stepFail;
     }
     if (closingTagFits(node->name, state->endTag))
         state->endTagLength = 0;
     compact(node);
-    return 0;
+    return stepClosed;
 }
 
 int ElementReader::onCloseTag(const XmlToken &token)
 {
     if (addPendingText(node, state, token.start))
-        return -1;
+        return stepFail;
     const XmlToken name = nextToken(state);
     if (name.kind != XmlTokenKind::text || nextToken(state).kind != XmlTokenKind::close) {
         state->status = XmlResult::badClosingTag;
-        return -1;
+        return stepFail;
     }
     state->pendingText = cursor(state);
     if (!closingTagFits(node->name, name.start)) {
@@ -235,17 +272,17 @@ int ElementReader::onCloseTag(const XmlToken &token)
         state->endTagLength = name.length;
     }
     compact(node);
-    return 0;
+    return stepClosed;
 }
 
 int ElementReader::onClear(const XmlToken &token)
 {
     if (addPendingText(node, state, token.start))
-        return -1;
+        return stepFail;
     if (!parseClearSection(node, state, token.clear))
-        return -1;
+        return stepFail;
     state->pendingText = cursor(state);
-    return 1;
+    return stepGoOn;
 }
 
 void ElementReader::addValuelessAttribute()
@@ -269,11 +306,11 @@ int ElementReader::closeTag(bool shortClose)
     addValuelessAttribute();
     if (shortClose) {
         compact(node);
-        return 0;
+        return stepClosed;
     }
     inBody = true;
     attributeState = AttributeState::expectName;
-    return 1;
+    return stepGoOn;
 }
 
 int ElementReader::onValue(const XmlToken &token)
@@ -288,14 +325,14 @@ int ElementReader::onValue(const XmlToken &token)
     }
     char *decoded = decodeEntities(value, length, state);
     if (decoded == nullptr)
-        return -1;
+        return stepFail;
     if (attributeName.length > 0)
         addAttribute(node, copyBytes(attributeName.start, attributeName.length), decoded,
                      xmlGrowthStep);
     else
         free(decoded);
     attributeState = AttributeState::expectName;
-    return 1;
+    return stepGoOn;
 }
 
 int ElementReader::inTag(const XmlToken &token)
@@ -306,7 +343,7 @@ int ElementReader::inTag(const XmlToken &token)
         if (kind == XmlTokenKind::text) {
             attributeName = token;
             attributeState = AttributeState::haveName;
-            return 1;
+            return stepGoOn;
         }
         if (kind == XmlTokenKind::close || kind == XmlTokenKind::shortClose) {
             attributeName = XmlToken();
@@ -317,11 +354,11 @@ int ElementReader::inTag(const XmlToken &token)
         if (kind == XmlTokenKind::text) {
             addValuelessAttribute();
             attributeName = token;
-            return 1;
+            return stepGoOn;
         }
         if (kind == XmlTokenKind::equals) {
             attributeState = AttributeState::haveEquals;
-            return 1;
+            return stepGoOn;
         }
         if (kind == XmlTokenKind::close || kind == XmlTokenKind::shortClose)
             return closeTag(kind == XmlTokenKind::shortClose);
@@ -332,7 +369,7 @@ int ElementReader::inTag(const XmlToken &token)
         break;
     }
     state->status = XmlResult::unexpectedToken;
-    return -1;
+    return stepFail;
 }
 
 // Line and column of a byte position, both from 1, stepping by character.
@@ -354,25 +391,23 @@ void positionOf(const char *text, int index, XmlResult *result)
 
 bool parseElement(XmlNodeData *node, XmlParseState *state)
 {
-    ElementReader reader{node, state, state->first, AttributeState::expectName, XmlToken()};
+    std::vector<ElementReader> open; // innermost element last
+    open.push_back(ElementReader{node, state, state->first, AttributeState::expectName, XmlToken()});
     state->first = false;
     for (;;) {
-        if (reader.inBody)
-            skipBodyText(state);
-        const XmlToken token = nextToken(state);
-        int go = 1;
-        if (token.kind == XmlTokenKind::end)
-            go = reader.onEnd();
-        else if (!reader.inBody)
-            go = reader.inTag(token);
-        else if (token.kind == XmlTokenKind::open || token.kind == XmlTokenKind::declStart)
-            go = reader.onChild(token.kind == XmlTokenKind::declStart, token);
-        else if (token.kind == XmlTokenKind::closeStart)
-            go = reader.onCloseTag(token);
-        else if (token.kind == XmlTokenKind::clear)
-            go = reader.onClear(token);
-        if (go <= 0)
-            return go == 0;
+        int go = open.back().step();
+        if (go == stepDescend) {
+            XmlNodeData *child = open.back().child;
+            open.push_back(ElementReader{child, state, false, AttributeState::expectName, XmlToken()});
+            continue;
+        }
+        while (go == stepClosed || go == stepFail) {
+            open.pop_back();
+            if (open.empty())
+                return go == stepClosed;
+            if (go == stepClosed)
+                go = open.back().afterChild();
+        }
     }
 }
 

@@ -2,9 +2,21 @@
 
 #include "expr/engine_fast/mup_error.h"
 
+#include <algorithm>
+
 namespace mup {
 
 namespace {
+
+// Length of the longest name of the map: only that much of a run of operator
+// characters can decide which operator stands there.
+template <class Map> int longestName(const Map &map)
+{
+    int longest = 0;
+    for (const auto &entry : map)
+        longest = std::max(longest, static_cast<int>(entry.first.size()));
+    return longest;
+}
 
 // The operator whose name the run starts with, names tried in descending
 // order so that "<=" goes before "<".
@@ -76,12 +88,23 @@ void TokenReader::refuseIf(int flag, EErrorCodes code, const QString &ident) con
         throw ParserError(code, ident, m_pos);
 }
 
-QString TokenReader::runOf(bool (*isMember)(QChar)) const
+QString TokenReader::runOf(bool (*isMember)(QChar), int limit) const
 {
+    const int stop = static_cast<int>(std::min<qint64>(m_expr.size(), qint64(m_pos) + limit));
     int end = m_pos;
-    while (end < m_expr.size() && isMember(m_expr.at(end)))
+    while (end < stop && isMember(m_expr.at(end)))
         ++end;
     return m_expr.mid(m_pos, end - m_pos);
+}
+
+// Operator characters include the letters, so a run of them may go on to
+// the end of the text; reading no further than the longest name keeps the
+// reader linear in the length of the text.
+template <class Map>
+const typename Map::mapped_type::element_type *TokenReader::operatorAt(
+    const Map &map, bool (*isMember)(QChar)) const
+{
+    return findOperator(map, runOf(isMember, longestName(map)));
 }
 
 // The end stands right behind the text as it was given, not behind the blank
@@ -104,7 +127,7 @@ std::unique_ptr<IToken> TokenReader::readEnd()
 
 std::unique_ptr<IToken> TokenReader::readBinaryOperator()
 {
-    const IOprtBin *op = findOperator(m_symbols.binaryOperators, runOf(isOprtChar));
+    const IOprtBin *op = operatorAt(m_symbols.binaryOperators, isOprtChar);
     if (!op)
         return nullptr;
     return accept(op->Clone(), op->GetIdent().size(), sfAFTER_OPRT_BIN);
@@ -112,7 +135,7 @@ std::unique_ptr<IToken> TokenReader::readBinaryOperator()
 
 std::unique_ptr<IToken> TokenReader::readPrefixOperator()
 {
-    const IOprtInfix *op = findOperator(m_symbols.prefixOperators, runOf(isInfixChar));
+    const IOprtInfix *op = operatorAt(m_symbols.prefixOperators, isInfixChar);
     if (!op)
         return nullptr;
     return accept(op->Clone(), op->GetIdent().size(), sfAFTER_OPRT_INFIX);
@@ -200,7 +223,7 @@ std::unique_ptr<IToken> TokenReader::readFunction()
 
 std::unique_ptr<IToken> TokenReader::readPostfixOperator()
 {
-    const IOprtPostfix *op = findOperator(m_symbols.postfixOperators, runOf(isOprtChar));
+    const IOprtPostfix *op = operatorAt(m_symbols.postfixOperators, isOprtChar);
     if (!op)
         return nullptr;
     return accept(op->Clone(), op->GetIdent().size(), sfAFTER_OPRT_POSTFIX);
@@ -210,9 +233,9 @@ std::unique_ptr<IToken> TokenReader::readPostfixOperator()
 // prefix operator of the same spelling; otherwise code 0.
 std::unique_ptr<IToken> TokenReader::readRefusedOperator()
 {
-    const IOprtInfix *prefix = findOperator(m_symbols.prefixOperators, runOf(isInfixChar));
+    const IOprtInfix *prefix = operatorAt(m_symbols.prefixOperators, isInfixChar);
     if (m_synFlags & noOPT) {
-        const IOprtBin *op = findOperator(m_symbols.binaryOperators, runOf(isOprtChar));
+        const IOprtBin *op = operatorAt(m_symbols.binaryOperators, isOprtChar);
         if (op) {
             if (prefix && !(m_synFlags & noINFIXOP))
                 return accept(prefix->Clone(), prefix->GetIdent().size(), sfAFTER_OPRT_INFIX);

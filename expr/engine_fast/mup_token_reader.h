@@ -2,6 +2,7 @@
 
 #include "expr/engine_fast/mup_symbols.h"
 
+#include <climits>
 #include <memory>
 
 // Cuts an expression into tokens. A mask of what may come next decides which
@@ -34,7 +35,12 @@ private:
 
     std::unique_ptr<IToken> accept(IToken *token, int length, int nextFlags);
     void refuseIf(int flag, EErrorCodes code, const QString &ident) const;
-    QString runOf(bool (*isMember)(QChar)) const;
+    // The run of characters from the cursor that belong to the class, at
+    // most `limit` of them.
+    QString runOf(bool (*isMember)(QChar), int limit = INT_MAX) const;
+    template <class Map>
+    const typename Map::mapped_type::element_type *operatorAt(const Map &map,
+                                                              bool (*isMember)(QChar)) const;
 
     const Symbols &m_symbols;
     QString m_expr;         // the text with one blank appended
