@@ -1,9 +1,11 @@
 #pragma once
 
+// The socket's whole type, not a declaration: the per-thread storage
+// deletes the socket wherever a client is made, and a delete of an
+// incomplete type frees the memory without running the destructor.
+#include <QLocalSocket>
 #include <QString>
 #include <QThreadStorage>
-
-class QLocalSocket;
 
 // The editor's end of the window broker's conversations: a local socket to
 // the server (docs/window_broker.md). The logic above these four operations
