@@ -95,7 +95,11 @@ bool parseClearSection(XmlNodeData *node, XmlParseState *state, const XmlClearTa
     const char *closing = row->closing;
     const char *end = nullptr;
     if (row == &xmlClearTags[1]) {
-        for (const char *p = content; *p; p += xmlCharSize(p)) {
+        // Byte by byte: '<' and '>' are never part of a well-formed
+        // character, and a broken lead byte must not hide the one after it
+        // (the written text, where that byte has become a replacement
+        // character, would then read otherwise).
+        for (const char *p = content; *p; ++p) {
             if (*p == '>') {
                 end = p;
                 break;
