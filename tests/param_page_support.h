@@ -36,6 +36,13 @@ public:
         w->pageTable().show(number);
     }
 
+    // The window goes, and the hooks with it: the end of a test program.
+    void close()
+    {
+        w.reset();
+        support.uninstall();
+    }
+
     QWidget *page() const { return w->pageTable().widget(pageNumber); }
     template <typename T> T *control(const char *name) const { return childOf<T>(page(), name); }
     CfgModel *cfg() const { return w->cfg(); }

@@ -18,11 +18,7 @@ private slots:
         f.open(PageCreateModel, nullptr);
         setAdvancedUser(false);
     }
-    void cleanupTestCase()
-    {
-        f.w.reset();
-        f.support.uninstall();
-    }
+    void cleanupTestCase() { f.close(); }
 
     void controlsAsBuilt();
     void shownMode();
@@ -34,6 +30,7 @@ private slots:
     void clickOnModeInForceKeepsIt();
     void smartActivateCheckedAgainAtLoad();
     void refreshPushesNothing();
+    void undoingAPresetShowsTheRunPage();
 
 private:
     void setPenalization(double lambda, double alpha, int pruning, int maxVar)
@@ -174,6 +171,22 @@ void tst_create_model_page::refreshPushesNothing()
         f.refresh();
         QCOMPARE(f.stack()->count(), 0);
     }
+}
+
+// The preset's commands carry the run page's number. An undo shows the page
+// of the command left on top, so undoing the second of two presets from
+// another page brings the run page back into view.
+void tst_create_model_page::undoingAPresetShowsTheRunPage()
+{
+    setPenalization(-1.0, 1.0, 2, 30);
+    ParamPageFixture::click(perform());
+    ParamPageFixture::click(standard());
+    QCOMPARE(f.stack()->count(), 2);
+    f.w->pageTable().show(PageSelectVariables);
+    QCOMPARE(f.w->pageTable().currentNumber(), int(PageSelectVariables));
+    f.stack()->undo();
+    QCOMPARE(f.w->pageTable().currentNumber(), int(PageCreateModel));
+    QVERIFY(perform()->isChecked());
 }
 
 QTEST_MAIN(tst_create_model_page)

@@ -17,11 +17,7 @@ class tst_data_partitioning_page : public QObject
 private slots:
     void initTestCase() { f.support.install(); }
     void init() { f.open(PageDataPartitioning, "actionDataPartioning"); }
-    void cleanupTestCase()
-    {
-        f.w.reset();
-        f.support.uninstall();
-    }
+    void cleanupTestCase() { f.close(); }
 
     void slidersAreSetUp();
     void testSetsDownTakeValidationSetsAlong();

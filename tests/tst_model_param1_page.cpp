@@ -14,11 +14,7 @@ class tst_model_param1_page : public QObject
 private slots:
     void initTestCase() { f.support.install(); }
     void init() { f.open(PageModelParam1, "actionModelParameters1"); }
-    void cleanupTestCase()
-    {
-        f.w.reset();
-        f.support.uninstall();
-    }
+    void cleanupTestCase() { f.close(); }
 
     void defaultsShowStandardMode();
     void standardWithOwnLimitPushesNothing();

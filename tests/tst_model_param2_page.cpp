@@ -15,11 +15,7 @@ class tst_model_param2_page : public QObject
 private slots:
     void initTestCase() { f.support.install(); }
     void init() { f.open(PageModelParam2, "actionModelParameters2"); }
-    void cleanupTestCase()
-    {
-        f.w.reset();
-        f.support.uninstall();
-    }
+    void cleanupTestCase() { f.close(); }
 
     void defaultQuantileShowsChecked();
     void quantileUncheckCheckLosesValue();
