@@ -1,5 +1,6 @@
 #include "broker_test_support.h"
 #include "question_recorder.h"
+#include "window_test_main.h"
 
 #include "core/cfg_model.h"
 #include "shell/broker_ensure_server.h"
@@ -293,5 +294,5 @@ void tst_broker_editors::windowsMenuAndApplyPageOpenThroughServer()
     QVERIFY(boxes.questions.isEmpty());
 }
 
-QTEST_MAIN(tst_broker_editors)
+QUVA_WINDOW_TEST_MAIN(tst_broker_editors)
 #include "tst_broker_editors.moc"

@@ -3,6 +3,7 @@
 // purification, the partitioning model, and the page's place in the row.
 
 #include "param_page_support.h"
+#include "window_test_main.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -312,5 +313,5 @@ void tst_data_partitioning_page::savedBytesAndUndo()
     QCOMPARE(WindowTestSupport::bytes(f.cfgPath), before);
 }
 
-QTEST_MAIN(tst_data_partitioning_page)
+QUVA_WINDOW_TEST_MAIN(tst_data_partitioning_page)
 #include "tst_data_partitioning_page.moc"

@@ -3,6 +3,7 @@
 // and the page's place among the optional tabs.
 
 #include "window_test_support.h"
+#include "window_test_main.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -367,5 +368,5 @@ void tst_modality_recodings_page::savedBytesCarryTheEditsAlone()
     QCOMPARE(WindowTestSupport::bytes(cfgPath), before);
 }
 
-QTEST_MAIN(tst_modality_recodings_page)
+QUVA_WINDOW_TEST_MAIN(tst_modality_recodings_page)
 #include "tst_modality_recodings_page.moc"

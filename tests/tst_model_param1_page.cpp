@@ -3,6 +3,7 @@
 // and the pair of quality weights that keep their order.
 
 #include "param_page_support.h"
+#include "window_test_main.h"
 
 #include <QCheckBox>
 #include <QRadioButton>
@@ -389,5 +390,5 @@ void tst_model_param1_page::savedBytesAndUndo()
     QCOMPARE(WindowTestSupport::bytes(f.cfgPath), before);
 }
 
-QTEST_MAIN(tst_model_param1_page)
+QUVA_WINDOW_TEST_MAIN(tst_model_param1_page)
 #include "tst_model_param1_page.moc"

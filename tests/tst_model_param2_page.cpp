@@ -3,6 +3,7 @@
 // up-lift penalties and the quantile regression.
 
 #include "param_page_support.h"
+#include "window_test_main.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -222,5 +223,5 @@ void tst_model_param2_page::savedBytesAndUndo()
     QCOMPARE(WindowTestSupport::bytes(f.cfgPath), before);
 }
 
-QTEST_MAIN(tst_model_param2_page)
+QUVA_WINDOW_TEST_MAIN(tst_model_param2_page)
 #include "tst_model_param2_page.moc"

@@ -8,6 +8,7 @@
 #include "window_test_support.h"
 #include "shell/window_broker.h"
 #include "url_sink.h"
+#include "window_test_main.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -451,5 +452,5 @@ void tst_panel_apply::otherTasksIgnored()
              QStringList{"Error in Model Apply.\nCheck the Execution Log.\nError Code=3"});
 }
 
-QTEST_MAIN(tst_panel_apply)
+QUVA_WINDOW_TEST_MAIN(tst_panel_apply)
 #include "tst_panel_apply.moc"

@@ -4,6 +4,7 @@
 // saved and what a load shows again.
 
 #include "expression_page_support.h"
+#include "window_test_main.h"
 
 #include "edit/undo_commands.h"
 #include "panels/active_segment_model_editor.h"
@@ -545,5 +546,5 @@ void tst_select_line_page::savedAndLoadedByExpression()
     QCOMPARE(stack()->count(), 0);
 }
 
-QTEST_MAIN(tst_select_line_page)
+QUVA_WINDOW_TEST_MAIN(tst_select_line_page)
 #include "tst_select_line_page.moc"

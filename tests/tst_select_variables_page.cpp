@@ -7,6 +7,7 @@
 #include "panels/select_variables_page.h"
 #include "shell/var_list_window.h"
 #include "window_test_support.h"
+#include "window_test_main.h"
 
 #include <QAbstractItemModelTester>
 #include <QCheckBox>
@@ -700,5 +701,5 @@ void tst_select_variables_page::penaltyPressesMerge()
     QCOMPARE(cfg()->penality[AgeDummy1], 0.0);
 }
 
-QTEST_MAIN(tst_select_variables_page)
+QUVA_WINDOW_TEST_MAIN(tst_select_variables_page)
 #include "tst_select_variables_page.moc"

@@ -4,6 +4,7 @@
 // shows again.
 
 #include "expression_page_support.h"
+#include "window_test_main.h"
 
 #include "panels/nominal_var_panel.h"
 #include "panels/target_definition_page.h"
@@ -266,8 +267,8 @@ void tst_target_definition_page::failingCheckShowsDialogWithPicture()
         message = dialog->findChild<QLabel *>("labelErrorMessage")->text();
         hint = dialog->property("hint").toString();
         auto *picture = dialog->findChild<QLabel *>("labelHint");
-        hint = picture->pixmap() && !picture->pixmap()->isNull() ? QStringLiteral("picture")
-                                                                 : QStringLiteral("none");
+        hint = !picture->pixmap(Qt::ReturnByValue).isNull() ? QStringLiteral("picture")
+                                                            : QStringLiteral("none");
         return int(QDialog::Accepted);
     };
     setExpression("sqrt(purpose)");
@@ -414,5 +415,5 @@ void tst_target_definition_page::savedAndLoadedByExpression()
     QCOMPARE(stack()->count(), 0);
 }
 
-QTEST_MAIN(tst_target_definition_page)
+QUVA_WINDOW_TEST_MAIN(tst_target_definition_page)
 #include "tst_target_definition_page.moc"
