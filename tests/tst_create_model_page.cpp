@@ -7,6 +7,7 @@
 #include "param_page_support.h"
 
 #include "shell/execute_panel.h"
+#include "standin_app_dir.h"
 #include "url_sink.h"
 #include "window_test_main.h"
 
@@ -229,7 +230,7 @@ private:
     bool waitEnd(QSignalSpy &spy) { return spy.count() > 0 || spy.wait(30000); }
 
     WindowTestSupport support;
-    QTemporaryDir appDir;
+    StandInAppDir appDir;
     UrlSink sink;
     QString cfgPath;
     std::unique_ptr<QuvaCfgXMLEditor> w;
@@ -238,11 +239,7 @@ private:
 void tst_create_model_page_run::initTestCase()
 {
     support.install();
-    for (const char *name : {"quva", "xml2html"})
-        QVERIFY(QFile::link(QStringLiteral(QUVA_BINARY_DIR "/standin/") + name,
-                            appDir.filePath(name)));
-    qputenv("QUVA_APP_DIR", appDir.path().toUtf8());
-    qputenv("QUVA_STANDIN_DELAY_MS", "1");
+    QVERIFY(appDir.install());
     // No desktop notices: a bus that is not there.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/quva-test-bus");
     QDesktopServices::setUrlHandler("file", &sink, "openUrl");
@@ -434,37 +431,56 @@ void tst_create_model_page_run::missingHtmlReportMadeByConverter()
     QCOMPARE(bar->value(), progress.last().first().toInt());
 }
 
-// Runs both halves, each with its own window and folders. Test function
-// names on the command line pick the half that has them all.
+namespace {
+
+const QMetaObject *const halves[] = {&tst_create_model_page::staticMetaObject,
+                                     &tst_create_model_page_run::staticMetaObject};
+
+bool hasTestFunction(const QMetaObject *half, const char *argument)
+{
+    const QByteArray name = QByteArray(argument).split(':').first() + "()";
+    return half->indexOfSlot(name.constData()) >= 0;
+}
+
+bool namesTestFunction(const char *argument)
+{
+    for (const QMetaObject *half : halves)
+        if (hasTestFunction(half, argument))
+            return true;
+    return false;
+}
+
+// Runs one half with the options of the command line and the test functions
+// named there that are its own; with functions named and none its own, the
+// half is left out.
+template <typename Half>
+int runHalf(int argc, char **argv)
+{
+    std::vector<char *> args{argv[0]};
+    bool named = false;
+    bool own = false;
+    for (int i = 1; i < argc; ++i) {
+        const bool function = namesTestFunction(argv[i]);
+        const bool mine = function && hasTestFunction(&Half::staticMetaObject, argv[i]);
+        named = named || function;
+        own = own || mine;
+        if (!function || mine)
+            args.push_back(argv[i]);
+    }
+    if (named && !own)
+        return 0;
+    Half half;
+    return QTest::qExec(&half, int(args.size()), args.data());
+}
+
+} // namespace
+
+// Runs both halves, one after the other, each with its own window and folders.
 int main(int argc, char **argv)
 {
     WindowTestApplication application(argv);
-    QStringList wanted;
-    for (int i = 1; i < argc; ++i)
-        if (argv[i][0] != '-')
-            wanted << QString::fromLocal8Bit(argv[i]).section(QLatin1Char(':'), 0, 0);
-    const auto has = [&wanted](const QObject &test) {
-        for (const QString &name : wanted)
-            if (test.metaObject()->indexOfMethod((name + QStringLiteral("()")).toLatin1()) < 0)
-                return false;
-        return true;
-    };
-    int status = 0;
-    int ran = 0;
-    {
-        tst_create_model_page modes;
-        if (has(modes) && ++ran)
-            status |= QTest::qExec(&modes, argc, argv);
-    }
-    {
-        tst_create_model_page_run run;
-        if (has(run) && ++ran)
-            status |= QTest::qExec(&run, argc, argv);
-    }
-    if (ran == 0) {
-        fprintf(stderr, "No half of this test has all of: %s\n", qPrintable(wanted.join(' ')));
-        return 1;
-    }
+    int status = runHalf<tst_create_model_page>(argc, argv);
+    status |= runHalf<tst_create_model_page_run>(argc, argv);
     return status;
 }
 

@@ -9,6 +9,7 @@
 #include "shell/execute_panel.h"
 #include "shell/gui_reporter.h"
 #include "shell/model_run.h"
+#include "standin_app_dir.h"
 #include "url_sink.h"
 
 #include <QDBusConnection>
@@ -98,7 +99,7 @@ private:
     // Runs and waits for the end of task `task`.
     bool waitEnd(QSignalSpy &spy);
 
-    QTemporaryDir appDir;
+    StandInAppDir appDir;
     QTemporaryDir busDir;
     std::unique_ptr<QTemporaryDir> work;
     QProcess bus;
@@ -115,12 +116,7 @@ private:
 
 void tst_model_run::initTestCase()
 {
-    // The stand-ins under the names the editor starts.
-    for (const char *name : {"quva", "xml2html"})
-        QVERIFY(QFile::link(QStringLiteral(QUVA_BINARY_DIR "/standin/") + name,
-                            appDir.filePath(name)));
-    qputenv("QUVA_APP_DIR", appDir.path().toUtf8());
-    qputenv("QUVA_STANDIN_DELAY_MS", "1");
+    QVERIFY(appDir.install());
 
     // A session bus of the test's own, with a notification service on it.
     bus.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
